@@ -1,0 +1,7 @@
+#include "AplicacionCli.h"
+
+namespace vorimesk::cli {
+
+void RegistrarOrdenes(AplicacionCli&) {}
+
+} // namespace vorimesk::cli
