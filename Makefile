@@ -6,7 +6,7 @@ JOBS       ?= 2
 FUZZ_SEGUNDOS ?= 60
 GENERADOR  := -G Ninja
 
-.PHONY: all deps configure build run test test-asan bench format fuzz clean
+.PHONY: all deps configure build run test test-asan bench format fuzz screenshots clean
 
 all: build
 
@@ -39,6 +39,10 @@ bench: build
 	@for b in $(BUILD)/bench/bench_*; do \
 	  [ -x "$$b" ] || continue; echo "== $$b"; "$$b" --benchmark_repetitions=5 \
 	    --benchmark_report_aggregates_only=true || exit 1; done
+
+screenshots: build
+	$(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots
+	QT_SCALE_FACTOR=2 $(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots/x2
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

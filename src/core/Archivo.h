@@ -21,9 +21,9 @@ std::string LeerArchivo(const std::filesystem::path& ruta);
 // keeps its own. Throws ErrorArchivo and leaves the old file as it was.
 void EscribirArchivoSeguro(const std::filesystem::path& ruta, std::string_view bytes,
                            std::filesystem::perms permisos = std::filesystem::perms::owner_read |
-                                                            std::filesystem::perms::owner_write |
-                                                            std::filesystem::perms::group_read |
-                                                            std::filesystem::perms::others_read);
+                                                             std::filesystem::perms::owner_write |
+                                                             std::filesystem::perms::group_read |
+                                                             std::filesystem::perms::others_read);
 
 // Removes the file if it exists; throws ErrorArchivo when it cannot.
 void BorrarArchivo(const std::filesystem::path& ruta);

@@ -15,10 +15,10 @@
 namespace vorimesk {
 
 struct EntornoCarpeta {
-    std::optional<std::filesystem::path> datos;     // --datos
-    std::filesystem::path carpetaEjecutable;        // may be empty
-    std::optional<std::string> xdgDataHome;         // $XDG_DATA_HOME
-    std::optional<std::string> home;                // $HOME
+    std::optional<std::filesystem::path> datos; // --datos
+    std::filesystem::path carpetaEjecutable;    // may be empty
+    std::optional<std::string> xdgDataHome;     // $XDG_DATA_HOME
+    std::optional<std::string> home;            // $HOME
 };
 
 class CarpetaDatos {

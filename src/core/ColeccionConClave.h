@@ -7,9 +7,9 @@
 #include "Errores.h"
 
 #include <memory>
-#include <utility>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vorimesk {

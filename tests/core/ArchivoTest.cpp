@@ -1,4 +1,5 @@
 #include "core/Archivo.h"
+
 #include "core/CarpetaDatos.h"
 #include "core/Errores.h"
 

@@ -1,5 +1,6 @@
-#include "core/Errores.h"
 #include "core/Fecha.h"
+
+#include "core/Errores.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -34,8 +35,8 @@ TEST(FechaOle, RedondeaAlSegundoYRechazaLoImposible) {
 }
 
 TEST(FechaCalendario, DiaDeLaSemanaEmpiezaEnDomingo) {
-    EXPECT_EQ(Fecha::Crear(1899, 12, 30).DiaSemana(), 7); // sabado
-    EXPECT_EQ(Fecha::Crear(2026, 11, 22).DiaSemana(), 1); // domingo
+    EXPECT_EQ(Fecha::Crear(1899, 12, 30).DiaSemana(), 7);           // sabado
+    EXPECT_EQ(Fecha::Crear(2026, 11, 22).DiaSemana(), 1);           // domingo
     EXPECT_EQ(Fecha::Crear(2026, 3, 2, 23, 59, 59).DiaSemana(), 2); // lunes
     EXPECT_EQ(Fecha::Crear(1899, 12, 24).DiaSemana(), 1);
 }

@@ -43,7 +43,10 @@ TEST(Texto1252, CadaByteIdaYVuelta) {
     EXPECT_EQ(De1252("\x80"), "€");
     EXPECT_EQ(A1252("Año €"), "A\xF1o \x80");
     EXPECT_EQ(A1252("日本"), "??");
-    EXPECT_EQ(A1252("a\xFF" "b"), "a\xFF" "b"); // UTF-8 roto: el byte se conserva
+    EXPECT_EQ(A1252("a\xFF"
+                    "b"),
+              "a\xFF"
+              "b"); // UTF-8 roto: el byte se conserva
 }
 
 TEST(CampoFijo, RellenaCortaYRecorta) {

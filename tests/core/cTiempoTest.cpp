@@ -1,13 +1,16 @@
+#include "core/cTiempo.h"
+
 #include "core/Errores.h"
 #include "core/Fecha.h"
-#include "core/cTiempo.h"
 
 #include <gtest/gtest.h>
 
 using namespace vorimesk;
 
 namespace {
-std::string Texto(std::string_view t) { return cTiempo(t).Valor(); }
+std::string Texto(std::string_view t) {
+    return cTiempo(t).Valor();
+}
 } // namespace
 
 TEST(cTiempoTexto, NuevoValorEsCeroYVacio) {
@@ -20,7 +23,7 @@ TEST(cTiempoTexto, LecturaConSusRarezas) {
     EXPECT_EQ(Texto("100:00:00"), "100:00:00");
     EXPECT_EQ(cTiempo("100:00:00").ConvSegundos(), 360000);
     EXPECT_EQ(Texto("1:30"), "01:30:00");
-    EXPECT_EQ(Texto("5"), "05:05:00");   // sin ":" los minutos se leen del principio
+    EXPECT_EQ(Texto("5"), "05:05:00"); // sin ":" los minutos se leen del principio
     EXPECT_EQ(Texto("12"), "12:12:00");
     EXPECT_EQ(Texto("0:90:00"), "00:90:00"); // no se normaliza al leer
     EXPECT_EQ(Texto("1:75:99"), "01:75:99");

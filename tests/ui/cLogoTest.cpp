@@ -1,0 +1,65 @@
+#include "ui/cLogo.h"
+
+#include "ui/fAbout.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+
+namespace {
+QImage Pintar(const cLogo& logo, int ancho, int alto) {
+    QImage imagen(ancho, alto, QImage::Format_RGB32);
+    imagen.fill(Qt::magenta);
+    QPainter p(&imagen);
+    logo.Draw(p, imagen.rect(), QFont());
+    return imagen;
+}
+} // namespace
+
+TEST(cLogo, ColoresIgualesDanRellenoPlano) {
+    cLogo logo;
+    logo.StartColor(QColor(10, 120, 200));
+    logo.EndColor(QColor(10, 120, 200));
+    const QImage img = Pintar(logo, 30, 400);
+    for (int y = 0; y < img.height(); ++y) {
+        ASSERT_EQ(img.pixelColor(5, y), QColor(10, 120, 200)) << y;
+    }
+}
+
+TEST(cLogo, DegradadoDeExtremoAExtremoSinHuecos) {
+    cLogo logo;
+    logo.StartColor(QColor(0, 0, 0));
+    logo.EndColor(QColor(254, 127, 0));
+    EXPECT_EQ(logo.ColorBanda(0), QColor(0, 0, 0));
+    EXPECT_EQ(logo.ColorBanda(254), QColor(254, 127, 0));
+    for (int alto : {40, 255, 600}) { // tambien por debajo de 255 pixeles
+        const QImage img = Pintar(logo, 10, alto);
+        EXPECT_EQ(img.pixelColor(0, 0), QColor(0, 0, 0));
+        EXPECT_EQ(img.pixelColor(0, alto - 1), QColor(254, 127, 0));
+        int anterior = -1;
+        for (int y = 0; y < alto; ++y) {
+            const QColor c = img.pixelColor(0, y);
+            ASSERT_NE(c, QColor(Qt::magenta)) << "fila sin pintar " << y;
+            ASSERT_GE(c.red(), anterior);
+            anterior = c.red();
+        }
+    }
+}
+
+TEST(fAbout, ModoBannerOcultaBotonesYMuestraMensaje) {
+    fAbout about;
+    about.ModoBanner(true);
+    EXPECT_TRUE(about.cmdCerrar->isHidden());
+    EXPECT_TRUE(about.cmdInformacion->isHidden());
+    EXPECT_FALSE(about.lMsg->isHidden());
+    EXPECT_EQ(about.lMsg->text(), "Cargando el programa...");
+    EXPECT_TRUE(about.windowFlags() & Qt::WindowStaysOnTopHint);
+    about.ModoBanner(false);
+    EXPECT_FALSE(about.cmdCerrar->isHidden());
+    EXPECT_TRUE(about.lMsg->isHidden());
+    EXPECT_EQ(about.lVersion->text(), VORIMESK_VERSION);
+}
