@@ -1,0 +1,51 @@
+#pragma once
+// The dial-up links of a Linux system as pppd leaves them: ppp interfaces in
+// sysfs, pppd processes in procfs and their pid files in /run.
+
+#include "platform/FuenteConexiones.h"
+#include "platform/linux/RaicesLinux.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vorimesk {
+
+struct EnlacePpp {
+    std::string interfaz; // empty while pppd has no interface
+    std::string entrada;  // pppd peer ("call PEER"), else its linkname, else the interface
+    int pid = 0;          // the pppd behind the link, 0 when none is known
+    bool arriba = false;  // the interface is up: the link carries traffic
+    bool operator==(const EnlacePpp&) const = default;
+};
+
+class LectorPpp {
+public:
+    explicit LectorPpp(RaicesLinux raices);
+
+    // Links that are up first (by interface name), then every pppd that
+    // still has no interface up (by pid): those are dialling.
+    std::vector<EnlacePpp> Enlaces() const;
+
+    // Statistics of an interface while it exists.
+    std::optional<Trafico> Bytes(const std::string& interfaz) const;
+
+private:
+    struct Pppd {
+        int pid = 0;
+        std::string peer;     // from "call PEER"
+        std::string linkname; // from /run/ppp-LINKNAME.pid
+        std::string interfaz; // from /run/pppN.pid or the second line of ppp-LINKNAME.pid
+    };
+
+    std::vector<std::string> InterfacesArriba() const;
+    bool EsPpp(const std::string& nombre) const;
+    bool EstaArriba(const std::string& nombre) const;
+    std::vector<Pppd> Procesos() const;
+    std::optional<std::string> PeerDe(int pid) const;
+    void LeerPidfiles(std::vector<Pppd>& procesos) const;
+
+    RaicesLinux raices_;
+};
+
+} // namespace vorimesk
