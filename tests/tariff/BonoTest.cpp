@@ -59,6 +59,11 @@ TEST(Bono, SeGastaPrimeroElMasAntiguo) {
     EXPECT_EQ(bono.Restar(0, 50 * 3600), 49 * 3600); // solo lo que queda
     EXPECT_EQ(bono.Cual(0), -1);
     EXPECT_EQ(bono.tiempo(2), "10:00:00");
+    // Con la misma fecha de alta manda el orden del libro.
+    bono.DarAlta(2, Fecha::Crear(2026, 1, 1));
+    EXPECT_EQ(bono.Restar(1, 60), 60);
+    EXPECT_EQ(bono.tiempo(2), "09:59:00");
+    EXPECT_EQ(bono.tiempo(3), "10:00:00");
 }
 
 TEST(Bono, ReponerLimpiarYCopiar) {

@@ -130,11 +130,13 @@ TEST_F(Precio, ElArchivoSeReleeEnCadaCalculo) {
 }
 
 TEST_F(Precio, SeSumaEnPrecisionSimple) {
-    // 72 horas: decenas de tramos, cada uno sumado en float.
+    // 72 horas en siete tramos, sumados uno a uno en float sobre el
+    // establecimiento: sumarlo al final daria otro ultimo decimal.
+    libro.Valor(0, "Conexion.Importe", "11.72");
     const Fecha inicio = Lunes(0, 0, 1);
     const Fecha fin = inicio.MasSegundos(72 * 3600);
     libro.Datos(inicio, fin, nullptr, "Local");
-    float esperado = 10.0f + Tramo(1.5, 8 * 3600 - 1);
+    float esperado = 11.72f + Tramo(1.5, 8 * 3600 - 1);
     for (int dia = 0; dia < 2; ++dia) {
         esperado += Tramo(3, 10 * 3600);
         esperado += Tramo(1.5, 14 * 3600);
