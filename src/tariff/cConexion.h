@@ -12,7 +12,7 @@ class cConexion {
 public:
     const std::string& Conexion() const { return conexion_; }
     void Conexion(std::string valor) { conexion_ = std::move(valor); }
-    // Stored as given; the Parts that show totals decide what it means.
+    // Stored as given; the displays of totals decide how it applies.
     const std::string& Descuento() const { return descuento_; }
     void Descuento(std::string valor) { descuento_ = std::move(valor); }
     const std::string& Tarifa() const { return tarifa_; }
