@@ -49,6 +49,11 @@ TEST_F(Precio, LaReducidaCruzaLaMedianoche) {
     libro.Datos(Lunes(23, 0), Fecha::Crear(2026, 3, 3, 9, 0, 0), nullptr, "Local");
     EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(1.5, 9 * 3600) + Tramo(3, 3600));
     EXPECT_EQ(libro.Duracion(), "10:00:00");
+    // Una franja que acaba a las 23:59:59 llega hasta la medianoche: domingo
+    // 23:00 -> lunes 01:00 es una hora de festivo y otra de laborable.
+    libro.Datos(Fecha::Crear(2026, 3, 8, 23, 0, 0), Fecha::Crear(2026, 3, 9, 1, 0, 0), nullptr,
+                "Local");
+    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(0.75, 3600) + Tramo(1.5, 3600));
 }
 
 TEST_F(Precio, ElTipoDeDiaSeTomaAlEmpezarCadaTramo) {
