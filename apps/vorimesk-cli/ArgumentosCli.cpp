@@ -12,7 +12,7 @@ CLI::Validator FechaHoraValida() {
             }
             return "\"" + texto + "\" no es una fecha AAAA-MM-DD ni AAAA-MM-DD hh:mm:ss";
         },
-        "FECHA", "fecha");
+        "", "fecha");
 }
 
 CLI::Validator EnteroEntre(long minimo, long maximo) {

@@ -113,12 +113,15 @@ void RegistrarCalcular(AplicacionCli& aplicacion) {
                          });
     orden->add_option("--inicio", op->inicio, "Comienzo de la llamada (AAAA-MM-DD hh:mm:ss)")
         ->required()
+        ->type_name("FECHA")
         ->check(FechaHoraValida());
     orden->add_option("--fin", op->fin, "Final de la llamada (AAAA-MM-DD hh:mm:ss)")
         ->required()
+        ->type_name("FECHA")
         ->check(FechaHoraValida());
     orden->add_option("--tarifa", op->tarifa, "Tarifa con la que se calcula (Metropolitana)");
     orden->add_option("--festivo", op->festivos, "Dia festivo AAAA-MM-DD (se puede repetir)")
+        ->type_name("FECHA")
         ->check(FechaHoraValida());
     orden->add_flag("--bono", op->bono, "Descuenta el tiempo de los bonos BonoNet");
     orden->add_flag("--json", op->json, "Resultado como documento JSON");

@@ -52,17 +52,22 @@ void RegistrarPeriodos(AplicacionCli& aplicacion) {
         [op](std::ostream& salida, std::ostream&) { return Periodos(*op, salida); });
     orden->add_option("--dia", op->dia, "Dia de factura (1-31)")
         ->required()
+        ->type_name("N")
         ->check(EnteroEntre(0, 255));
     orden->add_option("--intervalo", op->intervalo, "0 Mensual, 1 Par Bimensual, 2 Impar Bimensual")
         ->required()
+        ->type_name("N")
         ->check(EnteroEntre(0, 255));
     orden->add_option("--desde", op->desde, "Comienzo (AAAA-MM-DD [hh:mm:ss])")
         ->required()
+        ->type_name("FECHA")
         ->check(FechaHoraValida());
     orden->add_option("--hasta", op->hasta, "Final (AAAA-MM-DD [hh:mm:ss])")
         ->required()
+        ->type_name("FECHA")
         ->check(FechaHoraValida());
     orden->add_option("--filtro", op->filtro, "Año de los periodos que interesan")
+        ->type_name("N")
         ->check(EnteroEntre(-32768, 32767));
     orden->add_flag("--json", op->json, "Resultado como documento JSON");
 }

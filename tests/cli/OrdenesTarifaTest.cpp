@@ -92,7 +92,10 @@ TEST_F(Ordenes, ErroresDeCalcular) {
     EXPECT_EQ(vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat"), libro);
 
     EXPECT_EQ(Ejecutar({"calcular", "--inicio", "2026-02-30", "--fin", inicio}).estado, 2);
-    EXPECT_EQ(Ejecutar({"calcular", "--inicio", inicio}).estado, 2);
+    r = Ejecutar({"calcular", "--inicio", inicio});
+    EXPECT_EQ(r.estado, 2);
+    EXPECT_NE(r.errores.find("Falta una opcion obligatoria: --fin"), std::string::npos)
+        << r.errores;
     EXPECT_EQ(
         Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio, "--festivo", "mañana"}).estado,
         2);
