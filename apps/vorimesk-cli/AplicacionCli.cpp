@@ -53,7 +53,9 @@ std::string MensajeDeUso(const CLI::ParseError& e) {
         return "Argumentos no esperados: " + detalle;
     }
     if (dice("is required")) {
-        return "Falta una opcion obligatoria: " + detalle;
+        // "--inicio is required" carries the option before the words.
+        return "Falta una opcion obligatoria: " +
+               (detalle.empty() ? m.substr(0, m.find(" is required")) : detalle);
     }
     if (dice("requires") || dice("excludes")) {
         return "Combinacion de opciones no permitida: " + detalle;

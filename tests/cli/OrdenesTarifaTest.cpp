@@ -1,0 +1,147 @@
+#include "AplicacionCli.h"
+#include "core/Archivo.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <unistd.h>
+#include <vector>
+
+using namespace vorimesk::cli;
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Resultado {
+    int estado;
+    std::string salida;
+    std::string errores;
+};
+
+class Ordenes : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string plantilla = (fs::temp_directory_path() / "vorimesk-cli-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(plantilla.data()), nullptr);
+        dir = plantilla;
+        datos = (dir / "datos").string();
+    }
+    void TearDown() override { fs::remove_all(dir); }
+
+    Resultado Ejecutar(std::vector<const char*> args) {
+        args.insert(args.begin(), {"vorimesk-cli", "--datos", datos.c_str()});
+        AplicacionCli app;
+        RegistrarOrdenes(app);
+        std::ostringstream salida, errores;
+        const int e = app.Ejecutar(static_cast<int>(args.size()), args.data(), salida, errores);
+        return {e, salida.str(), errores.str()};
+    }
+
+    fs::path dir;
+    std::string datos;
+};
+
+} // namespace
+
+TEST_F(Ordenes, CalcularConElLibroDeSerie) {
+    auto r = Ejecutar({"calcular", "--inicio", "2026-03-02 17:59:00", "--fin",
+                       "2026-03-02 18:01:00", "--tarifa", "Metropolitana", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    // 11.72 de establecimiento, 60 s a 2.5 y 60 s a 1.04 por minuto.
+    EXPECT_EQ(r.salida, "{\"importe\":15.26,\"duracion\":\"00:02:00\",\"tipo\":1,"
+                        "\"tipoActual\":0,\"bonoNet\":false,\"bonoNetActual\":false}\n");
+    EXPECT_TRUE(fs::exists(fs::path(datos) / "Tarifas.Dat"));
+    // Sin --tarifa se usa Metropolitana; sin --json, un resumen legible.
+    r = Ejecutar({"calcular", "--inicio", "2026-03-02 17:59:00", "--fin", "2026-03-02 18:01:00"});
+    ASSERT_EQ(r.estado, 0);
+    EXPECT_NE(r.salida.find("Importe:             15.26"), std::string::npos) << r.salida;
+    EXPECT_NE(r.salida.find("Franja al acabar:    Reducida"), std::string::npos);
+}
+
+TEST_F(Ordenes, CalcularConFestivosYBono) {
+    const auto importe = [this](std::vector<const char*> extra) {
+        std::vector<const char*> a = {
+            "calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 11:00:00",
+            "--json"};
+        a.insert(a.end(), extra.begin(), extra.end());
+        const auto r = Ejecutar(a);
+        EXPECT_EQ(r.estado, 0) << r.errores;
+        return nlohmann::json::parse(r.salida);
+    };
+    const double laborable = importe({})["importe"];
+    const auto festivo = importe({"--festivo", "2026-01-06", "--festivo", "2026-03-02"});
+    EXPECT_LT(festivo["importe"].get<double>(), laborable);
+    EXPECT_EQ(festivo["tipoActual"], 1);
+    const auto bono = importe({"--bono"});
+    EXPECT_EQ(bono["importe"].get<double>(), laborable); // libro de bonos vacio
+    EXPECT_EQ(bono["bonoNetActual"], false);
+}
+
+TEST_F(Ordenes, ErroresDeCalcular) {
+    const char* inicio = "2026-03-02 10:00:00";
+    auto r = Ejecutar(
+        {"calcular", "--inicio", inicio, "--fin", "2026-03-02 11:00:00", "--tarifa", "Lunar"});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_NE(r.errores.find("\"Lunar\" no esta en el libro"), std::string::npos) << r.errores;
+    const std::string libro = vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat");
+
+    r = Ejecutar({"calcular", "--inicio", inicio, "--fin", "2026-03-02 09:59:59"});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_NE(r.errores.find("anterior a su inicio"), std::string::npos) << r.errores;
+    EXPECT_EQ(vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat"), libro);
+
+    EXPECT_EQ(Ejecutar({"calcular", "--inicio", "2026-02-30", "--fin", inicio}).estado, 2);
+    r = Ejecutar({"calcular", "--inicio", inicio});
+    EXPECT_EQ(r.estado, 2);
+    EXPECT_NE(r.errores.find("Falta una opcion obligatoria: --fin"), std::string::npos)
+        << r.errores;
+    EXPECT_EQ(
+        Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio, "--festivo", "mañana"}).estado,
+        2);
+
+    fs::remove(fs::path(datos) / "Tarifas.Dat");
+    fs::create_directory(fs::path(datos) / "Tarifas.Dat"); // no se puede leer
+    r = Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_NE(r.errores.find("Tarifas.Dat"), std::string::npos) << r.errores;
+    EXPECT_EQ(Ejecutar({"tarifas"}).estado, 1);
+}
+
+TEST_F(Ordenes, PeriodosComoLosDaElCalculador) {
+    auto r = Ejecutar({"periodos", "--dia", "15", "--intervalo", "1", "--desde", "2026-01-10",
+                       "--hasta", "2026-06-01 12:00:00", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.salida, "{\"periodos\":[\"10/01/2026 - 15/02/2026 23:59:59\","
+                        "\"16/02/2026 - 15/04/2026\",\"16/04/2026 - 01/06/2026 12:00:00\"]}\n");
+    r = Ejecutar({"periodos", "--dia", "1", "--intervalo", "0", "--desde", "1999-11-15", "--hasta",
+                  "2000-01-20", "--filtro", "2000"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.salida, "Otro\n02/12/1999 - 01/01/2000\n02/01/2000 - 20/01/2000\n");
+    EXPECT_EQ(Ejecutar({"periodos", "--dia", "256", "--intervalo", "0", "--desde", "2000-01-01",
+                        "--hasta", "2000-02-01"})
+                  .estado,
+              2);
+}
+
+TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
+    auto r = Ejecutar({"tarifas", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    const auto j = nlohmann::ordered_json::parse(r.salida);
+    ASSERT_GE(j["tarifas"].size(), 4u);
+    const auto& primera = j["tarifas"][0];
+    EXPECT_EQ(primera.size(), 21u);
+    EXPECT_EQ(primera.begin().key(), "Nombre");
+    EXPECT_EQ(primera["Nombre"], "Metropolitana");
+    EXPECT_EQ(primera["Conexion.Tiempo"], "00:00:00");
+    EXPECT_EQ(primera["Semana.Normal.Fin"], "17:59:59");
+    EXPECT_EQ(primera["Festivo.Reducida.Fin"], "23:59:59");
+
+    // Una carpeta que ya tiene datos no recibe el libro de serie.
+    fs::remove(fs::path(datos) / "Tarifas.Dat");
+    vorimesk::EscribirArchivoSeguro(fs::path(datos) / "Varibles.Dat", "");
+    r = Ejecutar({"tarifas", "--json"});
+    EXPECT_EQ(r.salida, "{\"tarifas\":[]}\n");
+    r = Ejecutar({"tarifas"});
+    EXPECT_NE(r.salida.find("No hay tarifas"), std::string::npos) << r.salida;
+}

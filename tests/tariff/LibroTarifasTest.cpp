@@ -1,0 +1,203 @@
+#include "Apoyo.h"
+#include "core/Archivo.h"
+#include "core/CampoFijo.h"
+#include "core/Errores.h"
+#include "tariff/LibroPorDefecto.h"
+
+#include <random>
+
+using namespace vorimesk;
+using namespace prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+using Libro = CarpetaTemporal;
+
+// A record whose name starts with `primero` and whose other bytes are noise:
+// odd dates, NaN, bytes above 127. Only the first byte decides whether the
+// book goes on.
+std::string Registro(unsigned char primero, unsigned semilla) {
+    std::mt19937 azar(semilla);
+    std::string r(RegistroTarifa::kTamaño, '\0');
+    for (char& c : r) {
+        c = static_cast<char>(azar() & 0xFF);
+    }
+    r[0] = static_cast<char>(primero);
+    return r;
+}
+
+std::int16_t Cargar(const fs::path& dir, const std::string& bytes) {
+    EscribirArchivoSeguro(dir / "Tarifas.Dat", bytes);
+    cLlamada libro(dir);
+    libro.Load();
+    return libro.Count();
+}
+
+} // namespace
+
+TEST_F(Libro, ArchivoAusenteOVacioNoTieneTarifas) {
+    cLlamada libro(dir);
+    libro.Load();
+    EXPECT_EQ(libro.Count(), 0);
+    EXPECT_EQ(Cargar(dir, ""), 0);
+}
+
+TEST_F(Libro, ElPrimerByteDelNombreTerminaElLibro) {
+    const std::string a = Registro('A', 1), c = Registro('C', 3);
+    EXPECT_EQ(Cargar(dir, a + Registro(0, 2) + c), 1);
+    EXPECT_EQ(Cargar(dir, a + Registro(127, 2) + c), 1);
+    EXPECT_EQ(Cargar(dir, a + Registro(0xD1, 2) + c), 1); // "Ñ" en Windows-1252
+    EXPECT_EQ(Cargar(dir, a + Registro(31, 2) + c), 1);
+    EXPECT_EQ(Cargar(dir, a + Registro(' ', 2) + c), 3);
+    EXPECT_EQ(Cargar(dir, a + Registro('~', 2) + c), 3);
+    EXPECT_EQ(Cargar(dir, Registro(0xD1, 2) + a), 0);
+}
+
+TEST_F(Libro, UnRegistroCortadoTerminaElLibro) {
+    const std::string dos = Registro('A', 1) + Registro('B', 2);
+    EXPECT_EQ(Cargar(dir, dos + Registro('C', 3).substr(0, 100)), 2);
+    EXPECT_EQ(Cargar(dir, dos + "C"), 2);
+    // El hueco de reserva queda vacio aunque el archivo siguiera.
+    cLlamada libro(dir);
+    libro.Load();
+    EXPECT_EQ(libro.ValorTexto(2, "Nombre"), "");
+}
+
+TEST_F(Libro, GuardarDevuelveElArchivoByteAByte) {
+    std::string bytes;
+    for (unsigned i = 0; i < 4; ++i) {
+        bytes += Registro(static_cast<unsigned char>('A' + i), 10 + i);
+    }
+    EscribirArchivoSeguro(dir / "Tarifas.Dat", bytes);
+    cLlamada libro(dir);
+    libro.Load();
+    libro.Save();
+    EXPECT_EQ(LeerArchivo(dir / "Tarifas.Dat"), bytes);
+    // Lo que sigue al registro que termina el libro no se vuelve a escribir.
+    EscribirArchivoSeguro(dir / "Tarifas.Dat", bytes + Registro(0, 9) + bytes);
+    libro.Load();
+    libro.Save();
+    EXPECT_EQ(LeerArchivo(dir / "Tarifas.Dat"), bytes);
+}
+
+TEST_F(Libro, LosCamposVanEnSuSitio) {
+    cLlamada libro(dir);
+    libro.Add();
+    libro.Valor(0, "Nombre", "Normal");
+    libro.Valor(0, "Conexion.Importe", 11.72);
+    libro.Valor(0, "Conexion.Tiempo", "03:30");
+    libro.Valor(0, "Semana.Normal.Importe", "2.5");
+    libro.Valor(0, "Semana.Normal.Inicio", "08:00:00");
+    libro.Valor(0, "Festivo.Reducida.Fin", "18:00:00");
+    libro.Valor(0, "Festivo.Reducida.Importe", "123456789");
+    libro.Save();
+    const std::string b = LeerArchivo(dir / "Tarifas.Dat");
+    ASSERT_EQ(b.size(), 168u);
+    EXPECT_EQ(b.substr(0, 15), "Normal         ");
+    EXPECT_EQ(b.substr(15, 7), "11.72  ");
+    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 22), 3.5 / 24);
+    EXPECT_EQ(b.substr(30, 7), "2.5    ");
+    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 37), 1.0 / 3);
+    EXPECT_EQ(b.substr(145, 7), "1234567");
+    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 160), 0.75);
+    // Los campos sin escribir quedan a cero.
+    EXPECT_EQ(b.substr(45, 7), std::string(7, '\0'));
+}
+
+TEST_F(Libro, GuardarUnLibroVacioBorraElArchivo) {
+    EscribirArchivoSeguro(dir / "Tarifas.Dat", Registro('A', 1));
+    cLlamada libro(dir);
+    libro.Save();
+    EXPECT_FALSE(fs::exists(dir / "Tarifas.Dat"));
+    libro.Save(); // sin archivo tampoco falla
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 0);
+}
+
+TEST_F(Libro, UnArchivoIlegibleEsUnError) {
+    fs::create_directory(dir / "Tarifas.Dat");
+    cLlamada libro(dir);
+    EXPECT_THROW(libro.Load(), ErrorArchivo);
+}
+
+TEST_F(Libro, ValorRecortaYCortaLosTextos) {
+    cLlamada libro(dir);
+    libro.Add();
+    libro.Valor(0, "Nombre", "Normal");
+    EXPECT_EQ(std::get<std::string>(libro.Valor(0, "Nombre")), "Normal");
+    libro.Valor(0, "Nombre", "Una tarifa muy larga");
+    EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "Una tarifa muy"); // 15 caracteres, recortados
+    libro.Valor(0, "Nombre", "  Normal");
+    EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "Normal");
+    EXPECT_EQ(libro.Find("Normal"), 0);
+    EXPECT_EQ(libro.Find(" Normal"), -1);
+    EXPECT_EQ(libro.Find("normal"), -1);
+    libro.Valor(0, "Nombre", "Mañana");
+    libro.Save();
+    libro.Load();
+    EXPECT_EQ(libro.Find("Mañana"), 0);
+}
+
+TEST_F(Libro, ClavesDesconocidasEIndicesFueraDeRango) {
+    cLlamada libro(dir);
+    libro.Add();
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(libro.Valor(0, "Semana.Normal.Precio")));
+    libro.Valor(0, "Semana.Normal.Precio", "9"); // se ignora
+    EXPECT_NO_THROW(libro.Valor(1, "Nombre"));   // el hueco de reserva
+    EXPECT_THROW(libro.Valor(2, "Nombre"), ErrorIndice);
+    EXPECT_THROW(libro.Valor(-1, "Nombre"), ErrorIndice);
+    EXPECT_THROW(libro.Valor(0, "Semana.Normal.Fin", "25:00"), ErrorTipo);
+    EXPECT_EQ(libro.ValorTexto(0, "Semana.Normal.Fin"), "00:00:00");
+}
+
+TEST_F(Libro, LasHorasGuardanLaFechaPeroSeUsaLaHora) {
+    cLlamada libro(dir);
+    libro.Add();
+    libro.Valor(0, "Semana.Normal.Fin", Fecha::Crear(2001, 5, 4, 17, 59, 59));
+    EXPECT_EQ(std::get<Fecha>(libro.Valor(0, "Semana.Normal.Fin")),
+              Fecha::Crear(2001, 5, 4, 17, 59, 59));
+    EXPECT_EQ(libro.ValorTexto(0, "Semana.Normal.Fin"), "17:59:59");
+    EXPECT_EQ(libro.Tarifa(0).Fin(0, 0), 17 * 3600 + 59 * 60 + 59);
+}
+
+TEST_F(Libro, AñadirBorrarYCopiar) {
+    cLlamada libro(dir);
+    for (const char* n : {"A", "B", "C"}) {
+        libro.Add();
+        libro.Valor(libro.Count() - 1, "Nombre", n);
+    }
+    libro.Copy(0, 2);
+    EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "C");
+    libro.Delete(1);
+    ASSERT_EQ(libro.Count(), 2);
+    EXPECT_EQ(libro.ValorTexto(1, "Nombre"), "C");
+    libro.Add();
+    EXPECT_EQ(libro.ValorTexto(2, "Nombre"), ""); // nuevo y vacio, sin restos
+    libro.Delete(0);
+    libro.Delete(0);
+    libro.Delete(0);
+    EXPECT_EQ(libro.Count(), 0);
+    EXPECT_THROW(libro.Delete(0), ErrorIndice);
+}
+
+TEST_F(Libro, ElLibroDeSerieEmpiezaPorMetropolitana) {
+    InstalarLibroPorDefecto(dir);
+    cLlamada libro(dir);
+    libro.Load();
+    ASSERT_GE(libro.Count(), 4);
+    EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "Metropolitana");
+    EXPECT_EQ(libro.ValorTexto(0, "Conexion.Tiempo"), "00:00:00");
+    EXPECT_EQ(libro.ValorTexto(0, "Semana.Normal.Fin"), "17:59:59");
+    EXPECT_EQ(libro.ValorTexto(1, "Semana.Normal.Inicio"), "08:00:00");
+    for (std::int16_t i = 0; i < libro.Count(); ++i) {
+        for (const char* clave : {"Conexion.Importe", "Semana.Normal.Importe"}) {
+            EXPECT_GT(std::stod(libro.ValorTexto(i, clave)), 0.0) << i << " " << clave;
+        }
+    }
+    // Un libro que ya esta no se toca.
+    libro.Delete(0);
+    libro.Save();
+    InstalarLibroPorDefecto(dir);
+    libro.Load();
+    EXPECT_NE(libro.ValorTexto(0, "Nombre"), "Metropolitana");
+}
