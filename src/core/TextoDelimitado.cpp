@@ -3,6 +3,7 @@
 #include "ErrorFormato.h"
 #include "Flotante.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 
@@ -142,17 +143,17 @@ std::vector<CampoDelimitado> CamposDeLinea(std::string_view linea) {
             const std::size_t fin = cierre == std::string_view::npos ? linea.size() : cierre;
             // A # with no closing sign is not a literal: read it as it stands.
             if (marca == '#' && cierre == std::string_view::npos) {
-                const std::size_t coma = linea.find(',', i);
+                const std::size_t coma = std::min(linea.find(',', i), linea.size());
                 c.clase = CampoDelimitado::Clase::Simple;
-                c.valor = SinBlancos(linea.substr(
-                    i, coma == std::string_view::npos ? std::string_view::npos : coma - i));
+                c.valor = SinBlancos(linea.substr(i, coma - i));
+                i = coma;
             } else {
                 c.clase =
                     marca == '"' ? CampoDelimitado::Clase::Texto : CampoDelimitado::Clase::Literal;
                 c.valor = linea.substr(i + 1, fin - i - 1);
                 c.cerrado = cierre != std::string_view::npos;
+                i = fin;
             }
-            i = fin;
         } else {
             const std::size_t coma = linea.find(',', i);
             const std::size_t fin = coma == std::string_view::npos ? linea.size() : coma;

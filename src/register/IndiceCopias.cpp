@@ -54,16 +54,16 @@ std::vector<EntradaIndice> IndiceCopias::Leer(std::string_view bytes) {
     std::vector<EntradaIndice> entradas;
     std::optional<std::string> nombre;
     int n = 0;
+    // One value a line: a text that itself holds a quote and a comma is cut
+    // there instead of shifting every entry behind it.
     for (std::string_view linea : DividirLineas(texto)) {
         ++n;
-        for (const CampoDelimitado& c : CamposDeLinea(linea)) {
-            std::string valor = ComoTexto(c, n);
-            if (!nombre) {
-                nombre = std::move(valor);
-            } else {
-                entradas.push_back({std::move(*nombre), std::move(valor)});
-                nombre.reset();
-            }
+        std::string valor = ComoTexto(CamposDeLinea(linea).front(), n);
+        if (!nombre) {
+            nombre = std::move(valor);
+        } else {
+            entradas.push_back({std::move(*nombre), std::move(valor)});
+            nombre.reset();
         }
     }
     if (nombre) {
