@@ -14,9 +14,7 @@ namespace fs = std::filesystem;
 namespace vorimesk {
 namespace {
 
-std::string Motivo() {
-    return std::strerror(errno);
-}
+std::string Motivo() { return std::strerror(errno); }
 
 void EscribirTodo(int fd, std::string_view bytes, const std::string& temporal) {
     std::size_t hecho = 0;
@@ -66,8 +64,9 @@ void EscribirArchivoSeguro(const fs::path& ruta, std::string_view bytes, fs::per
         throw ErrorArchivo(ruta.string(), "no se pudo crear el archivo temporal: " + Motivo());
     }
     struct stat actual {};
-    const mode_t modo = ::stat(ruta.c_str(), &actual) == 0 ? (actual.st_mode & 07777)
-                                                           : static_cast<mode_t>(permisos);
+    const mode_t modo = ::stat(ruta.c_str(), &actual) == 0
+                            ? (actual.st_mode & 07777)
+                            : static_cast<mode_t>(permisos);
     ::fchmod(fd, modo);
     EscribirTodo(fd, bytes, temporal);
     if (::fsync(fd) != 0 || ::close(fd) != 0) {

@@ -47,21 +47,11 @@ void EscribirDoble(char* destino, double v) {
     EscribirLE(destino, std::bit_cast<std::uint64_t>(v));
 }
 
-double LeerDoble(const char* origen) {
-    return std::bit_cast<double>(LeerLE<std::uint64_t>(origen));
-}
+double LeerDoble(const char* origen) { return std::bit_cast<double>(LeerLE<std::uint64_t>(origen)); }
 
-void EscribirEntero16(char* destino, std::int16_t v) {
-    EscribirLE(destino, v);
-}
-std::int16_t LeerEntero16(const char* origen) {
-    return LeerLE<std::int16_t>(origen);
-}
-void EscribirEntero32(char* destino, std::int32_t v) {
-    EscribirLE(destino, v);
-}
-std::int32_t LeerEntero32(const char* origen) {
-    return LeerLE<std::int32_t>(origen);
-}
+void EscribirEntero16(char* destino, std::int16_t v) { EscribirLE(destino, v); }
+std::int16_t LeerEntero16(const char* origen) { return LeerLE<std::int16_t>(origen); }
+void EscribirEntero32(char* destino, std::int32_t v) { EscribirLE(destino, v); }
+std::int32_t LeerEntero32(const char* origen) { return LeerLE<std::int32_t>(origen); }
 
 } // namespace vorimesk

@@ -111,8 +111,8 @@ std::optional<Fecha> Componer(int a, int m, int d, std::optional<std::int32_t> h
 } // namespace
 
 Fecha Fecha::Crear(int a, int m, int d, int hora, int minuto, int segundo) {
-    const bool horaValida =
-        hora >= 0 && hora < 24 && minuto >= 0 && minuto < 60 && segundo >= 0 && segundo < 60;
+    const bool horaValida = hora >= 0 && hora < 24 && minuto >= 0 && minuto < 60 &&
+                            segundo >= 0 && segundo < 60;
     auto f = Componer(a, m, d,
                       horaValida ? std::optional<std::int32_t>(hora * 3600 + minuto * 60 + segundo)
                                  : std::nullopt);
@@ -139,23 +139,15 @@ double Fecha::AOle() const {
     return dias >= 0 ? static_cast<double>(dias) + fraccion : static_cast<double>(dias) - fraccion;
 }
 
-std::int64_t Fecha::Dias() const {
-    return DivSuelo(segundos_, kSegundosDia);
-}
+std::int64_t Fecha::Dias() const { return DivSuelo(segundos_, kSegundosDia); }
 
 std::int32_t Fecha::SegundosDelDia() const {
     return static_cast<std::int32_t>(segundos_ - Dias() * kSegundosDia);
 }
 
-int Fecha::Año() const {
-    return static_cast<int>(Calendario(Dias()).year());
-}
-int Fecha::Mes() const {
-    return static_cast<int>(unsigned(Calendario(Dias()).month()));
-}
-int Fecha::Dia() const {
-    return static_cast<int>(unsigned(Calendario(Dias()).day()));
-}
+int Fecha::Año() const { return static_cast<int>(Calendario(Dias()).year()); }
+int Fecha::Mes() const { return static_cast<int>(unsigned(Calendario(Dias()).month())); }
+int Fecha::Dia() const { return static_cast<int>(unsigned(Calendario(Dias()).day())); }
 
 int Fecha::DiaSemana() const {
     return static_cast<int>(weekday{kEpoca + days{Dias()}}.c_encoding()) + 1;

@@ -24,9 +24,7 @@ std::int32_t Comprobar32(std::int64_t v) {
     return static_cast<std::int32_t>(v);
 }
 
-bool EsDigito(char c) {
-    return c >= '0' && c <= '9';
-}
+bool EsDigito(char c) { return c >= '0' && c <= '9'; }
 
 } // namespace
 
@@ -43,18 +41,14 @@ std::string cTiempo::Valor() const {
     return DosCifras(horas_) + ":" + DosCifras(minutos_) + ":" + DosCifras(segundos_);
 }
 
-void cTiempo::Sumar(const cTiempo& otro) {
-    Sumar(otro.Valor());
-}
+void cTiempo::Sumar(const cTiempo& otro) { Sumar(otro.Valor()); }
 
 void cTiempo::Sumar(std::string_view texto) {
     const cTiempo otro(texto);
     SumarSegundos(otro.ConvSegundos());
 }
 
-void cTiempo::Restar(const cTiempo& otro) {
-    SumarSegundos(-std::int64_t{otro.ConvSegundos()});
-}
+void cTiempo::Restar(const cTiempo& otro) { SumarSegundos(-std::int64_t{otro.ConvSegundos()}); }
 
 void cTiempo::Restar(std::string_view horaDelDia) {
     SumarSegundos(-std::int64_t{SegundosDeHoraDelDia(horaDelDia)});
@@ -68,9 +62,7 @@ void cTiempo::SumarSegundos(std::int64_t segundos) {
     ConvTiempo(Comprobar32(std::int64_t{ConvSegundos()} + segundos));
 }
 
-void cTiempo::Iniciar() {
-    horas_ = minutos_ = segundos_ = 0;
-}
+void cTiempo::Iniciar() { horas_ = minutos_ = segundos_ = 0; }
 
 std::int32_t cTiempo::ConvSegundos() const {
     return std::int32_t{horas_} * 3600 + std::int32_t{minutos_} * 60 + segundos_;
