@@ -1,7 +1,12 @@
 #include "AplicacionCli.h"
+#include "OrdenesRegistro.h"
 
 namespace vorimesk::cli {
 
-void RegistrarOrdenes(AplicacionCli&) {}
+void RegistrarOrdenes(AplicacionCli& aplicacion) {
+    RegistrarOrdenRegistro(aplicacion);
+    RegistrarOrdenExportar(aplicacion);
+    RegistrarOrdenesCopias(aplicacion);
+}
 
 } // namespace vorimesk::cli
