@@ -5,7 +5,6 @@
 #include "LogModem.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
-#include "core/Texto1252.h"
 #include "core/cTiempo.h"
 
 namespace fs = std::filesystem;
@@ -42,19 +41,19 @@ Fecha Log::Hora(int i) const {
     return Fecha::DesdeOle(En(i).Hora);
 }
 std::string Log::Duracion(int i) const {
-    return En(i).Duracion;
+    return En(i).Duracion.Texto();
 }
 std::string Log::importe(int i) const {
-    return Recortar(En(i).importe);
+    return En(i).importe.Recortado();
 }
 std::string Log::Tarifa(int i) const {
-    return Recortar(En(i).Tarifa);
+    return En(i).Tarifa.Recortado();
 }
 std::string Log::Conexion(int i) const {
-    return Recortar(En(i).Conexion);
+    return En(i).Conexion.Recortado();
 }
 std::string Log::Reservada(int i) const {
-    return Recortar(En(i).Reservada);
+    return En(i).Reservada.Recortado();
 }
 std::uint8_t Log::Tipo(int i) const {
     return En(i).Tipo;
@@ -78,7 +77,7 @@ const RegistroLlamada& Log::Registro(int i) const {
 std::string Log::TotalDuracion() const {
     cTiempo total;
     for (const RegistroLlamada& r : registros_) {
-        total.Sumar(r.Duracion);
+        total.Sumar(r.Duracion.Texto());
     }
     return total.Valor();
 }

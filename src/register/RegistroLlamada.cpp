@@ -21,12 +21,6 @@ static_assert(kEnviados + 4 == RegistroLlamada::kTamaño);
 
 } // namespace
 
-std::string AjustarCampo(std::string_view texto, std::size_t ancho) {
-    std::string bytes(ancho, ' ');
-    EscribirCampo(bytes.data(), ancho, texto);
-    return LeerCampo(bytes.data(), ancho);
-}
-
 RegistroLlamada RegistroLlamada::Crear(Fecha dia, Fecha hora, std::string_view duracion,
                                        std::string_view importe, std::uint8_t tipo,
                                        std::string_view tarifa, std::string_view conexion,
@@ -35,12 +29,12 @@ RegistroLlamada RegistroLlamada::Crear(Fecha dia, Fecha hora, std::string_view d
     RegistroLlamada r;
     r.Dia = dia.AOle();
     r.Hora = hora.AOle();
-    r.Duracion = AjustarCampo(duracion, kAnchoDuracion);
-    r.importe = AjustarCampo(importe, kAnchoImporte);
+    r.Duracion.Poner(duracion);
+    r.importe.Poner(importe);
     r.Tipo = tipo;
-    r.Tarifa = AjustarCampo(tarifa, kAnchoTarifa);
-    r.Conexion = AjustarCampo(conexion, kAnchoConexion);
-    r.Reservada = AjustarCampo(reservada, kAnchoReservada);
+    r.Tarifa.Poner(tarifa);
+    r.Conexion.Poner(conexion);
+    r.Reservada.Poner(reservada);
     r.Bono = bono;
     r.Recibidos = recibidos;
     r.Enviados = enviados;
@@ -50,12 +44,12 @@ RegistroLlamada RegistroLlamada::Crear(Fecha dia, Fecha hora, std::string_view d
 void RegistroLlamada::Codificar(char* d) const {
     EscribirDoble(d + kDia, Dia);
     EscribirDoble(d + kHora, Hora);
-    EscribirCampo(d + kDuracion, kAnchoDuracion, Duracion);
-    EscribirCampo(d + kImporte, kAnchoImporte, importe);
+    Duracion.Escribir(d + kDuracion);
+    importe.Escribir(d + kImporte);
     d[kTipo] = static_cast<char>(Tipo);
-    EscribirCampo(d + kTarifa, kAnchoTarifa, Tarifa);
-    EscribirCampo(d + kConexion, kAnchoConexion, Conexion);
-    EscribirCampo(d + kReservada, kAnchoReservada, Reservada);
+    Tarifa.Escribir(d + kTarifa);
+    Conexion.Escribir(d + kConexion);
+    Reservada.Escribir(d + kReservada);
     EscribirEntero16(d + kBono, Bono);
     EscribirEntero32(d + kRecibidos, Recibidos);
     EscribirEntero32(d + kEnviados, Enviados);
@@ -65,12 +59,12 @@ RegistroLlamada RegistroLlamada::Decodificar(const char* o) {
     RegistroLlamada r;
     r.Dia = LeerDoble(o + kDia);
     r.Hora = LeerDoble(o + kHora);
-    r.Duracion = LeerCampo(o + kDuracion, kAnchoDuracion);
-    r.importe = LeerCampo(o + kImporte, kAnchoImporte);
+    r.Duracion.Leer(o + kDuracion);
+    r.importe.Leer(o + kImporte);
     r.Tipo = static_cast<std::uint8_t>(o[kTipo]);
-    r.Tarifa = LeerCampo(o + kTarifa, kAnchoTarifa);
-    r.Conexion = LeerCampo(o + kConexion, kAnchoConexion);
-    r.Reservada = LeerCampo(o + kReservada, kAnchoReservada);
+    r.Tarifa.Leer(o + kTarifa);
+    r.Conexion.Leer(o + kConexion);
+    r.Reservada.Leer(o + kReservada);
     r.Bono = LeerEntero16(o + kBono);
     r.Recibidos = LeerEntero32(o + kRecibidos);
     r.Enviados = LeerEntero32(o + kEnviados);

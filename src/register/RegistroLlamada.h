@@ -2,36 +2,28 @@
 // One finished call as the register file "RegDat.log" stores it: 85 bytes,
 // little-endian, no padding, in the order of the fields below.
 
+#include "CampoTexto.h"
 #include "core/Fecha.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace vorimesk {
 
 struct RegistroLlamada {
     static constexpr std::size_t kTamaño = 85;
-    // Widths of the text fields in the file.
-    static constexpr std::size_t kAnchoDuracion = 8;
-    static constexpr std::size_t kAnchoImporte = 8;
-    static constexpr std::size_t kAnchoTarifa = 16;
-    static constexpr std::size_t kAnchoConexion = 16;
-    static constexpr std::size_t kAnchoReservada = 10;
 
     // The date values exactly as the file holds them (days since 30 Dec
     // 1899), so a record that is loaded and saved again keeps every bit.
     double Dia = 0.0;  // the call's date, time of day 0
     double Hora = 0.0; // the start time, date part 0
-    // Text fields hold the whole field as stored, blanks included, so they
-    // always have the file's width (or are empty in a record never filled).
-    std::string Duracion;
-    std::string importe;
+    CampoTexto<8> Duracion;
+    CampoTexto<8> importe;
     std::uint8_t Tipo = 0; // the band; -1 is kept as 255 (see BandaDeTipo)
-    std::string Tarifa;
-    std::string Conexion;
-    std::string Reservada;
+    CampoTexto<16> Tarifa;
+    CampoTexto<16> Conexion;
+    CampoTexto<10> Reservada;
     std::int16_t Bono = 0; // -1 charged to a bono, 0 otherwise
     std::int32_t Recibidos = 0;
     std::int32_t Enviados = 0;
@@ -49,10 +41,6 @@ struct RegistroLlamada {
 
     bool operator==(const RegistroLlamada&) const = default;
 };
-
-// The text as the file will hold it: converted to Windows-1252, cut or padded
-// with blanks to `ancho` bytes, and back to UTF-8.
-std::string AjustarCampo(std::string_view texto, std::size_t ancho);
 
 // The band codes of the pricing are 0, 1 and -1 (reduced band empty); the
 // byte of the file holds -1 as 255. These two convert between them; every

@@ -221,7 +221,7 @@ TEST_F(RegistroLog, IndicesHuecoDeReservaYBorrado) {
     EXPECT_EQ(log.Count(), 3);
     // The spare slot reads as an empty call; beyond it is out of range.
     EXPECT_EQ(log.Tarifa(3), "");
-    EXPECT_EQ(log.Duracion(3), "");
+    EXPECT_EQ(log.Duracion(3), "        ");
     EXPECT_EQ(log.Dia(3), Fecha());
     EXPECT_THROW(log.Tarifa(4), ErrorIndice);
     EXPECT_THROW(log.Dia(-1), ErrorIndice);
