@@ -126,7 +126,13 @@ std::optional<Fecha> LeerLiteralFecha(std::string_view contenido) {
         }
         return Fecha::DesdeSegundos(*s);
     }
-    return Fecha::LeerIso(t);
+    // Only the years a stored date value can hold, so whatever is read can
+    // also be written to the binary files.
+    const auto f = Fecha::LeerIso(t);
+    if (!f || f->Año() < 100) {
+        return std::nullopt;
+    }
+    return f;
 }
 
 std::vector<CampoDelimitado> CamposDeLinea(std::string_view linea) {

@@ -26,7 +26,7 @@ std::string LiteralFecha(Fecha f);
 std::string LiteralFechaVariante(const FechaVariante& f);
 
 // The content between the # signs as written above; nullopt when it is not
-// a valid date or time.
+// a valid date or time, or its year is before 100 (no date value holds it).
 std::optional<Fecha> LeerLiteralFecha(std::string_view contenido);
 
 struct CampoDelimitado {

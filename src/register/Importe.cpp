@@ -41,8 +41,9 @@ Decimal Descomponer(float v, int precision) {
 }
 
 // The ways to write the digits, most readable first: plain decimals, the
-// exponent form, the decimals without their leading zero (".5"), and the
-// exponent with no sign or padding ("1.2E8").
+// exponent form, the decimals without their leading zero (".5"), the
+// exponent with no sign or padding ("1.2E8"), and the digits as a whole
+// number before the exponent ("5112E-30"), the shortest of all.
 std::vector<std::string> Formas(const Decimal& d, bool negativo) {
     const std::string signo = negativo ? "-" : "";
     const auto n = d.digitos.size();
@@ -55,18 +56,21 @@ std::vector<std::string> Formas(const Decimal& d, bool negativo) {
     const std::string conExponente =
         signo + mantisa + (e < 0 ? "E-" : "E+") + (exponente.size() < 2 ? "0" : "") + exponente;
     const std::string exponenteCorto = signo + mantisa + (e < 0 ? "E-" : "E") + exponente;
+    const std::string entero =
+        signo + d.digitos + "E" + std::to_string(e - static_cast<int>(n) + 1);
     if (e >= 0 && e < 16) {
         const auto enteros = static_cast<std::size_t>(e + 1);
         const std::string decimales =
             enteros >= n ? d.digitos + std::string(enteros - n, '0')
                          : d.digitos.substr(0, enteros) + "." + d.digitos.substr(enteros);
-        return {signo + decimales, conExponente, exponenteCorto};
+        return {signo + decimales, conExponente, exponenteCorto, entero};
     }
     if (e < 0 && e > -16) {
         const std::string fraccion = std::string(static_cast<std::size_t>(-e - 1), '0') + d.digitos;
-        return {signo + "0." + fraccion, conExponente, signo + "." + fraccion, exponenteCorto};
+        return {signo + "0." + fraccion, conExponente, signo + "." + fraccion, exponenteCorto,
+                entero};
     }
-    return {conExponente, exponenteCorto};
+    return {conExponente, exponenteCorto, entero};
 }
 
 // Rounding near the top of the range can give a text beyond the largest

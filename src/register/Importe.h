@@ -3,7 +3,7 @@
 // (the width of the field). The shortest text that reads back as the same
 // float is used whenever it fits; a cost that would need more characters
 // keeps as many significant digits as fit, in fixed or exponent form, so its
-// magnitude is never lost ("123456.8", "1.23E-20").
+// magnitude is never lost ("123456.8", "-123E-32").
 
 #include <string>
 #include <string_view>

@@ -42,7 +42,8 @@ Fecha FechaHoraModem(std::string_view fecha, std::string_view hora) {
     const auto h = Digitos(hora, 0, 2);
     const auto m = Digitos(hora, 3, 2);
     const auto s = Digitos(hora, 6, 2);
-    if (!mes || !dia || !año || !h || !m || !s) {
+    // A year before 100 fits no date value of the register file.
+    if (!mes || !dia || !año || !h || !m || !s || *año < 100) {
         NoEsFecha(fecha, hora);
     }
     try {

@@ -75,7 +75,7 @@ TEST(LiteralFecha, FechaHoraOAmbas) {
         EXPECT_EQ(LeerLiteralFecha(l.substr(1, l.size() - 2)), f) << l;
     }
     for (const char* malo : {"", "25:00:00", "12:60:00", "2023-02-29", "2023-1", "12", "1:2:3:4",
-                             "2023-01-01 24:00:00", "2023-01-01x"}) {
+                             "2023-01-01 24:00:00", "2023-01-01x", "0099-12-31", "0023-05-01"}) {
         EXPECT_FALSE(LeerLiteralFecha(malo)) << malo;
     }
 }

@@ -290,4 +290,6 @@ TEST_F(RegistroLog, DateConexionLeeElUltimoInicioDeSesion) {
     EXPECT_THROW(log.DateConexion(), ErrorTipo);
     Escribir(dir / "modemlog.txt", "13-15-1999 14:05:00.12 - COM1 in use\n");
     EXPECT_THROW(log.DateConexion(), ErrorTipo);
+    Escribir(dir / "modemlog.txt", "01-15-0099 14:05:00.12 - COM1 in use\n");
+    EXPECT_THROW(log.DateConexion(), ErrorTipo);
 }
