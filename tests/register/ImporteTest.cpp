@@ -127,11 +127,11 @@ TEST(Importe, ValoresExtremosYEspeciales) {
 // Every amount in cents up to 99,999.99 and whole amounts up to 2^24 are
 // written exactly.
 TEST(Importe, ImportesConCentimosYEnterosVuelvenExactos) {
-    for (int centimos = 0; centimos <= 9999999; centimos += 11) {
+    for (int centimos = 0; centimos <= 9999999; centimos += 23) {
         const float v = static_cast<float>(centimos) / 100.0f;
         ASSERT_EQ(LeerImporte(TextoImporte(v)), v) << centimos;
     }
-    for (int entero = 0; entero <= (1 << 24); entero += 13) {
+    for (int entero = 0; entero <= (1 << 24); entero += 29) {
         const float v = static_cast<float>(entero);
         ASSERT_EQ(LeerImporte(TextoImporte(v)), v) << entero;
     }
@@ -139,7 +139,7 @@ TEST(Importe, ImportesConCentimosYEnterosVuelvenExactos) {
 
 // A spread over every exponent and sign of the float range.
 TEST(Importe, BarridoDeTodoElIntervaloDeFloat) {
-    for (std::uint64_t bits = 0; bits <= 0xFFFFFFFFu; bits += 16411) {
+    for (std::uint64_t bits = 0; bits <= 0xFFFFFFFFu; bits += 24593) {
         const float v = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
         if (std::isinf(v)) {
             continue;
