@@ -5,6 +5,7 @@ BUILD_FUZZ ?= build-fuzz
 JOBS       ?= 2
 FUZZ_SEGUNDOS ?= 60
 GENERADOR  := -G Ninja
+FUZZ_CXX   ?= clang++-14
 
 .PHONY: all deps configure build run test test-asan bench format fuzz screenshots clean
 
@@ -43,6 +44,24 @@ bench: build
 screenshots: build
 	$(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots
 	QT_SCALE_FACTOR=2 $(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots/x2
+
+# Every libFuzzer target of fuzz/, FUZZ_SEGUNDOS each, starting from the seed
+# files in fuzz/semillas/<target>/; new inputs and any failing ones stay in
+# $(BUILD_FUZZ).
+$(BUILD_FUZZ)/build.ninja:
+	cmake -S . -B $(BUILD_FUZZ) $(GENERADOR) -DCMAKE_CXX_COMPILER=$(FUZZ_CXX) \
+	  -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVORIMESK_FUZZ=ON
+
+fuzz: deps $(BUILD_FUZZ)/build.ninja
+	cmake --build $(BUILD_FUZZ) -j$(JOBS) --target fuzz_objetivos
+	@for semillas in fuzz/semillas/*/; do \
+	  n=$$(basename $$semillas); corpus=$(BUILD_FUZZ)/corpus/$$n; \
+	  mkdir -p $$corpus && cp -n $$semillas* $$corpus/ 2>/dev/null; \
+	  echo "== $$n ($(FUZZ_SEGUNDOS) s)"; \
+	  $(BUILD_FUZZ)/fuzz/$$n $$corpus -max_total_time=$(FUZZ_SEGUNDOS) -timeout=10 \
+	    -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix=$(BUILD_FUZZ)/fallo-$$n- \
+	    || exit 1; \
+	done
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

@@ -1,4 +1,5 @@
 #include "Ordenes.h"
+#include "OrdenesRegistro.h"
 
 #include "core/CarpetaDatos.h"
 #include "tariff/LibroPorDefecto.h"
@@ -11,6 +12,9 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarCalcular(aplicacion);
     RegistrarPeriodos(aplicacion);
     RegistrarTarifas(aplicacion);
+    RegistrarOrdenRegistro(aplicacion);
+    RegistrarOrdenExportar(aplicacion);
+    RegistrarOrdenesCopias(aplicacion);
 }
 
 } // namespace vorimesk::cli

@@ -51,7 +51,17 @@ std::string LeerArchivo(const fs::path& ruta) {
     if (!f) {
         throw ErrorArchivo(ruta.string(), "no se pudo abrir para leer");
     }
-    std::string datos((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
+    // In blocks: a full register is megabytes and is read at every start.
+    std::string datos;
+    std::error_code ec;
+    const auto tamaño = fs::file_size(ruta, ec);
+    if (!ec) {
+        datos.reserve(static_cast<std::size_t>(tamaño));
+    }
+    char bloque[1 << 16];
+    while (f.read(bloque, sizeof bloque) || f.gcount() > 0) {
+        datos.append(bloque, static_cast<std::size_t>(f.gcount()));
+    }
     if (f.bad()) {
         throw ErrorArchivo(ruta.string(), "no se pudo leer");
     }

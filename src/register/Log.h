@@ -1,0 +1,108 @@
+#pragma once
+// The call register: the finished calls in memory and their file
+// "RegDat.log". Records occupy indices 0 to Count() - 1; index Count() is the
+// spare slot that receives the next call, and reads as an empty record. The
+// same object carries the path of the modem's session log and the keywords
+// the connection monitor watches for.
+//
+// File errors are not caught here: they reach the caller as ErrorArchivo,
+// and a failed operation leaves the register in memory as it was.
+
+#include "RegistroLlamada.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vorimesk {
+
+// What the register reports when it needs the modem log and has no path.
+inline constexpr std::string_view kMensajeSinOrigenLog =
+    "Aun no se inicializado el origen del Log.\nNo se puede crear";
+
+class Log {
+public:
+    static constexpr std::string_view kNombreArchivo = "RegDat.log";
+
+    // `carpetaDatos` is where the register file lives when NombreSaveLog is
+    // left empty.
+    explicit Log(std::filesystem::path carpetaDatos);
+
+    // Keywords of the modem log offered to the connection monitor.
+    std::string Conectando() const;
+    std::string Conectado() const;
+    std::string Desconectando() const;
+    std::string Desconectado() const;
+
+    const std::string& NombreLog() const { return nombreLog_; }
+    void NombreLog(std::string ruta) { nombreLog_ = std::move(ruta); }
+    // Empty until set or until the register file is first opened, which sets
+    // it to the data folder plus "/RegDat.log".
+    const std::string& NombreSaveLog() const { return nombreSaveLog_; }
+    void NombreSaveLog(std::string ruta) { nombreSaveLog_ = std::move(ruta); }
+
+    std::int16_t Count() const { return static_cast<std::int16_t>(registros_.size()); }
+
+    // Indexed accessors: 0 to Count() (the spare slot reads as empty);
+    // anything else throws ErrorIndice.
+    Fecha Dia(int i) const;            // throws ErrorDesbordamiento for a value no date can hold
+    Fecha Hora(int i) const;           // likewise
+    std::string Duracion(int i) const; // as stored, blanks kept
+    std::string importe(int i) const;  // these four trimmed of blanks
+    std::string Tarifa(int i) const;
+    std::string Conexion(int i) const;
+    std::string Reservada(int i) const;
+    std::uint8_t Tipo(int i) const; // as stored (a band of -1 is 255)
+    int Banda(int i) const;         // Tipo with 255 read back as -1
+    std::int16_t Bono(int i) const;
+    std::int32_t Recibidos(int i) const;
+    std::int32_t Enviados(int i) const;
+    const RegistroLlamada& Registro(int i) const;
+
+    // Sum of every Duracion as hh:mm:ss.
+    std::string TotalDuracion() const;
+
+    // Reads the register file. A missing file is created empty (readable by
+    // the user only). Throws ErrorDesbordamiento for a file of more than
+    // 32,767 calls and leaves the register unchanged.
+    void CargarLog();
+    // Writes the register file after copying the previous one over its "bak"
+    // name. An empty register leaves no register file, only the backup.
+    void SalvarLog();
+    // Puts the register file aside under its "BAK" name. Nothing happens
+    // while NombreSaveLog is empty.
+    void EliminarLog();
+    // Deliberately leaves the register as it is (the archive reader calls it
+    // before adding an archive's calls, which therefore join the register).
+    void BorrarLog() {}
+    // Removes record i; an index outside 0 to Count() - 1 changes nothing.
+    void BorrarItem(int i);
+    // Appends a call, each text cut or blank-padded to its width. Throws
+    // ErrorDesbordamiento when the register already holds 32,767 calls.
+    void AñadirItem(Fecha Dia, Fecha Hora, std::string_view Duracion, std::string_view importe,
+                    std::uint8_t Tipo, std::string_view Tarifa, std::string_view Conexion,
+                    std::string_view Reservada, std::int16_t Bono, std::int32_t Recibidos,
+                    std::int32_t Enviados);
+    void AñadirItem(const RegistroLlamada& registro);
+    // Empties the register (one spare slot), as a fresh read of the modem log
+    // starts.
+    void Vaciar() { registros_.clear(); }
+
+    // Start of the last session in the modem log; the date value 1 when the
+    // log is missing, empty or holds no session. Throws Error with
+    // kMensajeSinOrigenLog while NombreLog is empty.
+    Fecha DateConexion() const;
+
+private:
+    const RegistroLlamada& En(int i) const;
+    std::filesystem::path RutaRegistro();
+
+    std::filesystem::path carpeta_;
+    std::string nombreLog_;
+    std::string nombreSaveLog_;
+    std::vector<RegistroLlamada> registros_;
+};
+
+} // namespace vorimesk

@@ -1,0 +1,295 @@
+#include "register/Log.h"
+
+#include "CarpetaTemporal.h"
+#include "RegistroAMano.h"
+#include "core/Errores.h"
+
+#include <climits>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+class RegistroLog : public CarpetaTemporal {
+protected:
+    fs::path Registro() const { return dir / "RegDat.log"; }
+    fs::path Bak() const { return dir / "RegDat.bak"; }
+
+    static std::string Llamadas(std::initializer_list<CamposAMano> campos) {
+        std::string bytes;
+        for (const CamposAMano& c : campos) {
+            bytes += RegistroAMano(c);
+        }
+        return bytes;
+    }
+    static CamposAMano Dia(double dia) {
+        CamposAMano c;
+        c.dia = dia;
+        return c;
+    }
+    Log Cargado() {
+        Log log(dir);
+        log.CargarLog();
+        return log;
+    }
+};
+
+} // namespace
+
+TEST_F(RegistroLog, RegistroAusenteOVacioCargaSinLlamadasYSeCrea) {
+    Log log(dir);
+    EXPECT_EQ(log.NombreSaveLog(), "");
+    log.CargarLog();
+    EXPECT_EQ(log.Count(), 0);
+    EXPECT_EQ(log.NombreSaveLog(), Registro().string());
+    ASSERT_TRUE(Existe(Registro()));
+    EXPECT_EQ(fs::file_size(Registro()), 0u);
+    EXPECT_EQ(fs::status(Registro()).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write);
+    log.CargarLog();
+    EXPECT_EQ(log.Count(), 0);
+}
+
+TEST_F(RegistroLog, ElFinDelRegistroLoMarcanElArchivoYElPrimerDiaCero) {
+    // A record whose Dia is 0 in the middle ends the register there.
+    Escribir(Registro(), Llamadas({Dia(36479), Dia(0.0), Dia(36481)}));
+    EXPECT_EQ(Cargado().Count(), 1);
+    Escribir(Registro(), Llamadas({Dia(36479), Dia(-0.0), Dia(36481)}));
+    EXPECT_EQ(Cargado().Count(), 1);
+    // A partial last record reads as zeros and ends it too.
+    Escribir(Registro(),
+             Llamadas({Dia(36479), Dia(36480)}) + RegistroAMano(Dia(36481)).substr(0, 40));
+    Log log = Cargado();
+    ASSERT_EQ(log.Count(), 2);
+    EXPECT_EQ(log.Dia(1), Fecha::Crear(1999, 11, 16));
+    // The calls behind the zero day are gone after the next save.
+    Escribir(Registro(), Llamadas({Dia(36479), Dia(0.0), Dia(36481)}));
+    Log otro = Cargado();
+    otro.SalvarLog();
+    EXPECT_EQ(Leer(Registro()), Llamadas({Dia(36479)}));
+    // A day that is no date still counts as a call; only reading it fails.
+    Escribir(Registro(), Llamadas({Dia(std::nan("")), Dia(36480)}));
+    Log raro = Cargado();
+    EXPECT_EQ(raro.Count(), 2);
+    EXPECT_THROW(raro.Dia(0), ErrorDesbordamiento);
+}
+
+TEST_F(RegistroLog, CamposEnElLimiteDeSuAnchuraSeGuardanComoAMano) {
+    Log log(dir);
+    log.CargarLog();
+    // Every text exactly at its width, then one character too long.
+    log.AñadirItem(Fecha::Crear(1999, 11, 15), Fecha::DesdeSegundos(14 * 3600 + 5 * 60), "12:34:56",
+                   "12345678", 255, "ABCDEFGHIJKLMNOP", "Conexion de casa", "0123456789", -1,
+                   INT32_MAX, INT32_MIN);
+    log.AñadirItem(Fecha::Crear(2030, 1, 2), Fecha::DesdeSegundos(23 * 3600 + 59 * 60 + 59), "1:30",
+                   " 9,5 ", 1, "Telefónica Tarifa Plana", "Ñandú €€€€€€€€€€€€", "reservado de mas",
+                   0, 0, -1);
+    log.SalvarLog();
+
+    CamposAMano a;
+    a.dia = 36479.0;
+    a.hora = (14 * 3600 + 5 * 60) / 86400.0;
+    a.duracion = "12:34:56";
+    a.importe = "12345678";
+    a.tipo = 255;
+    a.tarifa = "ABCDEFGHIJKLMNOP";
+    a.conexion = "Conexion de casa";
+    a.reservada = "0123456789";
+    a.bono = -1;
+    a.recibidos = INT32_MAX;
+    a.enviados = INT32_MIN;
+    CamposAMano b;
+    b.dia = Fecha::Crear(2030, 1, 2).AOle();
+    b.hora = (23 * 3600 + 59 * 60 + 59) / 86400.0;
+    b.duracion = "1:30";
+    b.importe = " 9,5";
+    b.tipo = 1;
+    b.tarifa = "Telef\xF3nica Tarif";
+    b.conexion = "\xD1"
+                 "and\xFA \x80\x80\x80\x80\x80\x80\x80\x80\x80\x80";
+    b.reservada = "reservado ";
+    b.bono = 0;
+    b.recibidos = 0;
+    b.enviados = -1;
+    EXPECT_EQ(Leer(Registro()), RegistroAMano(a) + RegistroAMano(b));
+
+    // Read back: texts cut and trimmed, Duracion as stored, the band -1.
+    Log leido = Cargado();
+    ASSERT_EQ(leido.Count(), 2);
+    EXPECT_EQ(leido.Tarifa(1), "Telefónica Tarif");
+    EXPECT_EQ(leido.Conexion(1), "Ñandú €€€€€€€€€€");
+    EXPECT_EQ(leido.Reservada(1), "reservado");
+    EXPECT_EQ(leido.importe(1), "9,5");
+    EXPECT_EQ(leido.Duracion(1), "1:30    ");
+    EXPECT_EQ(leido.Tipo(0), 255);
+    EXPECT_EQ(leido.Banda(0), -1);
+    EXPECT_EQ(leido.Banda(1), 1);
+    EXPECT_EQ(leido.Bono(0), -1);
+    EXPECT_EQ(leido.Recibidos(0), INT32_MAX);
+    EXPECT_EQ(leido.Enviados(0), INT32_MIN);
+    EXPECT_EQ(leido.Hora(1).TextoIso(), "1899-12-30 23:59:59");
+    EXPECT_EQ(leido.Dia(1).TextoIso(), "2030-01-02 00:00:00");
+}
+
+TEST_F(RegistroLog, CargarYSalvarDevuelveCadaByte) {
+    // Bits no conversion of ours would produce: a start time that is not a
+    // whole second, NULs in the reserved field, bytes of every value.
+    CamposAMano a;
+    a.hora = 0.58680555555555558;
+    a.reservada = std::string(10, '\0');
+    a.tarifa = std::string("\x01\x7F\x81\x8D\x8F\x90\x9D\xA0\xFF") + "\t";
+    CamposAMano b = Dia(-1.25);
+    b.duracion = "";
+    b.importe = "\xFF\xFE";
+    b.tipo = 7;
+    b.bono = 12345;
+    const std::string original = Llamadas({a, b, Dia(2958465.99999)});
+    Escribir(Registro(), original);
+    Log log = Cargado();
+    ASSERT_EQ(log.Count(), 3);
+    log.SalvarLog();
+    EXPECT_EQ(Leer(Registro()), original);
+    EXPECT_EQ(Leer(Bak()), original);
+}
+
+TEST_F(RegistroLog, SalvarDejaElAnteriorComoBak) {
+    Log log(dir);
+    log.SalvarLog(); // nothing before and nothing now: no file at all
+    EXPECT_FALSE(Existe(Registro()));
+    EXPECT_FALSE(Existe(Bak()));
+
+    log.AñadirItem(RegistroLlamada::Crear(Fecha::Crear(2024, 5, 1), {}, "00:01:00", "10", 0,
+                                          "Metropolitana", "Casa", "", 0, 1, 2));
+    log.SalvarLog();
+    const std::string uno = Leer(Registro());
+    EXPECT_EQ(uno.size(), 85u);
+    EXPECT_FALSE(Existe(Bak()));
+
+    log.AñadirItem(log.Registro(0));
+    log.SalvarLog();
+    EXPECT_EQ(Leer(Bak()), uno);
+    EXPECT_EQ(Leer(Registro()), uno + uno);
+
+    // An empty register leaves no register file, only the backup.
+    log.BorrarItem(0);
+    log.BorrarItem(0);
+    log.SalvarLog();
+    EXPECT_FALSE(Existe(Registro()));
+    EXPECT_EQ(Leer(Bak()), uno + uno);
+    // A later load starts an empty file again.
+    EXPECT_EQ(Cargado().Count(), 0);
+    EXPECT_TRUE(Existe(Registro()));
+}
+
+TEST_F(RegistroLog, UnFalloAlGuardarNoTocaNadaDelUsuario) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root escribe en carpetas de solo lectura";
+    }
+    Escribir(Registro(), Llamadas({Dia(36479)}));
+    Log log = Cargado();
+    log.AñadirItem(log.Registro(0));
+    fs::permissions(dir, fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_THROW(log.SalvarLog(), ErrorArchivo);
+    fs::permissions(dir, fs::perms::owner_all);
+    EXPECT_EQ(Leer(Registro()), Llamadas({Dia(36479)}));
+    EXPECT_EQ(log.Count(), 2);
+}
+
+TEST_F(RegistroLog, EliminarLogLoApartaComoBAK) {
+    Log log(dir);
+    log.EliminarLog(); // no path yet: nothing happens
+    Escribir(Registro(), Llamadas({Dia(36479)}));
+    log.CargarLog();
+    log.EliminarLog();
+    EXPECT_FALSE(Existe(Registro()));
+    EXPECT_EQ(Leer(dir / "RegDat.BAK"), Llamadas({Dia(36479)}));
+    EXPECT_THROW(log.EliminarLog(), ErrorArchivo); // nothing left to rename
+    EXPECT_EQ(log.Count(), 1);
+}
+
+TEST_F(RegistroLog, IndicesHuecoDeReservaYBorrado) {
+    Escribir(Registro(), Llamadas({Dia(36479), Dia(36480), Dia(36481)}));
+    Log log = Cargado();
+    log.BorrarLog();
+    EXPECT_EQ(log.Count(), 3);
+    log.BorrarItem(-1);
+    log.BorrarItem(3);
+    EXPECT_EQ(log.Count(), 3);
+    // The spare slot reads as an empty call; beyond it is out of range.
+    EXPECT_EQ(log.Tarifa(3), "");
+    EXPECT_EQ(log.Duracion(3), "        ");
+    EXPECT_EQ(log.Dia(3), Fecha());
+    EXPECT_THROW(log.Tarifa(4), ErrorIndice);
+    EXPECT_THROW(log.Dia(-1), ErrorIndice);
+    log.BorrarItem(1);
+    ASSERT_EQ(log.Count(), 2);
+    EXPECT_EQ(log.Dia(0), Fecha::Crear(1999, 11, 15));
+    EXPECT_EQ(log.Dia(1), Fecha::Crear(1999, 11, 17));
+    EXPECT_EQ(log.Tarifa(2), "");
+}
+
+TEST_F(RegistroLog, TotalDuracionSumaCadaLlamada) {
+    Log log(dir);
+    EXPECT_EQ(log.TotalDuracion(), "00:00:00");
+    for (const char* d : {"01:30:00", "00:45:30", "99:59:59", "0:0:31"}) {
+        log.AñadirItem({}, {}, d, "0", 0, "", "", "", 0, 0, 0);
+    }
+    EXPECT_EQ(log.TotalDuracion(), "102:16:00");
+}
+
+TEST_F(RegistroLog, NoMasDe32767Llamadas) {
+    Log log(dir);
+    const RegistroLlamada r = RegistroLlamada::Crear(Fecha::Crear(2024, 1, 1), {}, "00:00:01", "1",
+                                                     0, "", "", "", 0, 0, 0);
+    for (int i = 0; i < 32767; ++i) {
+        log.AñadirItem(r);
+    }
+    EXPECT_EQ(log.Count(), 32767);
+    EXPECT_THROW(log.AñadirItem(r), ErrorDesbordamiento);
+    log.SalvarLog();
+    EXPECT_EQ(Cargado().Count(), 32767);
+    // One record more in the file cannot be loaded; the register stays.
+    Escribir(Registro(), Leer(Registro()) + RegistroAMano(Dia(36479)));
+    Log otro(dir);
+    otro.AñadirItem(r);
+    EXPECT_THROW(otro.CargarLog(), ErrorDesbordamiento);
+    EXPECT_EQ(otro.Count(), 1);
+}
+
+TEST_F(RegistroLog, DateConexionLeeElUltimoInicioDeSesion) {
+    Log log(dir);
+    try {
+        log.DateConexion();
+        ADD_FAILURE() << "sin ruta del log no hay fecha";
+    } catch (const Error& e) {
+        EXPECT_EQ(std::string(e.what()),
+                  "Aun no se inicializado el origen del Log.\nNo se puede crear");
+    }
+    log.NombreLog((dir / "modemlog.txt").string());
+    EXPECT_EQ(log.DateConexion(), Fecha::DesdeOle(1.0));
+    Escribir(dir / "modemlog.txt", "");
+    EXPECT_EQ(log.DateConexion(), Fecha::DesdeOle(1.0));
+    Escribir(dir / "modemlog.txt", "11-15-1999 14:05:00.12 - Dialing\r\n");
+    EXPECT_EQ(log.DateConexion(), Fecha::DesdeOle(1.0));
+
+    Escribir(dir / "modemlog.txt", "11-15-1999 14:05:00.12 - COM1 in use\r\n"
+                                   "11-15-1999 14:05:30.00 - CONNECT 33600\r\n"
+                                   "11-15-1999 14:10:00.00 - COM1 closed\r\n"
+                                   "02-29-2032 23:59:58.00 - COM1 in use\n"
+                                   "02-29-2032 23:59:59.00 - Dialing\n");
+    EXPECT_EQ(log.DateConexion(), Fecha::Crear(2032, 2, 29, 23, 59, 58));
+    // The stamp is taken from the columns before the last hyphen ahead of
+    // "in use", wherever that hyphen is.
+    Escribir(dir / "modemlog.txt", "11-15-1999 14:05:00.12 - COM1 - in use\n");
+    EXPECT_THROW(log.DateConexion(), ErrorTipo);
+    Escribir(dir / "modemlog.txt", "in use");
+    EXPECT_THROW(log.DateConexion(), ErrorTipo);
+    Escribir(dir / "modemlog.txt", "13-15-1999 14:05:00.12 - COM1 in use\n");
+    EXPECT_THROW(log.DateConexion(), ErrorTipo);
+    Escribir(dir / "modemlog.txt", "01-15-0099 14:05:00.12 - COM1 in use\n");
+    EXPECT_THROW(log.DateConexion(), ErrorTipo);
+}

@@ -1,0 +1,276 @@
+#include "CarpetaTemporal.h"
+#include "core/ErrorFormato.h"
+#include "core/Errores.h"
+#include "settings/ArchivoVariables.h"
+
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+// Lines joined with CR LF, the last one ended too.
+std::string Archivo(std::initializer_list<std::string> lineas) {
+    std::string t;
+    for (const std::string& l : lineas) {
+        t += l + "\r\n";
+    }
+    return t;
+}
+
+// A file as the program writes it with every list empty.
+const std::string kVacio = Archivo({
+    "#FALSE#",    "#TRUE#",
+    "#FALSE#",    "#FALSE#",
+    "#FALSE#", // options
+    "0",       // programs
+    "#FALSE#",    "#FALSE#",
+    "#FALSE#",    "#FALSE#",
+    "#FALSE#",    "#FALSE#", // alerts
+    "#00:00:00#", "\"00:00:00\"",
+    "\"\"",       "\"00:00:00\"",
+    "\"\"", // thresholds, sound
+    "0",          "1",
+    "0", // MesReinicio, DiaFactura, perFactura
+    "0", // bonos
+    "0",          "0",
+    "0",                     // reserved
+    "0",                     // entries
+    "0",          "#FALSE#", // taxes
+    "0",                     // holidays
+    "0",                     // profiles
+});
+
+// A file written by hand with something in every field, a few accents in
+// Windows-1252, reserved fields that are not 0 and every form of Baja.
+const std::string kLleno = Archivo({
+    "#TRUE#",
+    "#FALSE#",
+    "#TRUE#",
+    "#TRUE#",
+    "#TRUE#",
+    "2",
+    "\"C:\\Archivos de programa\\Correo\\correo.exe\"",
+    "\"/usr/bin/navegador, con coma\"",
+    "#TRUE#",
+    "#TRUE#",
+    "#FALSE#",
+    "#TRUE#",
+    "#FALSE#",
+    "#TRUE#",
+    "#22:30:00#",
+    "\"01:30:00\"",
+    "\"5.000\"",
+    "\"10:00:00\"",
+    "\"C:\\WINDOWS\\MEDIA\\Tada.wav\"",
+    "11",
+    "15",
+    "2",
+    "3",
+    "0",
+    "#2024-01-15#",
+    "",
+    "\"07:12:03\"",
+    "3",
+    "#2024-02-01#",
+    "#NULL#",
+    "\"50:00:00\"",
+    "2",
+    "#2023-12-01#",
+    "#2024-01-31#",
+    "\"00:00:00\"",
+    "-5",
+    "32767",
+    "200",
+    "2",
+    "\"Telef\xF3nica\"",
+    "\"Metropolitana\"",
+    "\"BonoNet\"",
+    "\"Casa\"",
+    "\"Nacional\"",
+    "\"\"",
+    "16.5",
+    "#TRUE#",
+    "2",
+    "#2024-12-25#",
+    "#2025-01-06#",
+    "1",
+    "\"Telef\xF3nica\"",
+    "\"BonoNet\"",
+    "#2024-03-01 18:45:10#",
+    "\"Metropolitana\"",
+});
+
+class ArchivoVariables : public CarpetaTemporal {
+protected:
+    fs::path Ruta() const { return dir / "Varibles.Dat"; }
+};
+
+} // namespace
+
+TEST(Variables, ValoresPorDefectoYSuArchivoConCadaListaVacia) {
+    const Settings s = ValoresPorDefecto();
+    EXPECT_TRUE(s.CargarAlIniciar);
+    EXPECT_FALSE(s.SiempreVisible);
+    EXPECT_EQ(s.DiaFactura, 1);
+    EXPECT_EQ(EscribirTextoVariables(s), kVacio);
+    EXPECT_EQ(EscribirTextoVariables(LeerTextoVariables(kVacio)), kVacio);
+}
+
+TEST(Variables, ArchivoHechoAManoSeLeeYSeReescribeIgual) {
+    const Settings s = LeerTextoVariables(kLleno);
+    EXPECT_TRUE(s.SiempreVisible);
+    EXPECT_FALSE(s.CargarAlIniciar);
+    ASSERT_EQ(s.Programas.size(), 2u);
+    EXPECT_EQ(s.Programas[1], "/usr/bin/navegador, con coma");
+    EXPECT_EQ(s.HoraAviso, Fecha::DesdeSegundos(22 * 3600 + 30 * 60));
+    EXPECT_EQ(s.TiempoAviso.ConvSegundos(), 5400);
+    EXPECT_EQ(s.ImporteAviso, "5.000");
+    EXPECT_EQ(s.MesReinicio, 11);
+    EXPECT_EQ(s.DiaFactura, 15);
+    EXPECT_EQ(s.perFactura, 2);
+    ASSERT_EQ(s.Bonos.size(), 3u);
+    EXPECT_EQ(s.Bonos[0].Baja, FechaVariante::Vacia());
+    EXPECT_EQ(s.Bonos[1].Baja, FechaVariante::Nula());
+    EXPECT_EQ(s.Bonos[2].Baja, FechaVariante::De(Fecha::Crear(2024, 1, 31)));
+    EXPECT_EQ(s.Bonos[1].Tipo, 3);
+    EXPECT_EQ(s.Bonos[0].tiempo, "07:12:03");
+    EXPECT_EQ(s.Reservado1, -5);
+    EXPECT_EQ(s.Reservado2, 32767);
+    EXPECT_EQ(s.Reservado3, 200);
+    ASSERT_EQ(s.EntradasConexion.size(), 2u);
+    EXPECT_EQ(s.EntradasConexion[0].Entrada, "Telefónica");
+    EXPECT_EQ(s.EntradasConexion[1].Descuento, "");
+    EXPECT_EQ(s.Impuestos, 16.5f);
+    EXPECT_TRUE(s.AnadirImpuestos);
+    ASSERT_EQ(s.Festivos.size(), 2u);
+    EXPECT_EQ(s.Festivos[1], Fecha::Crear(2025, 1, 6));
+    ASSERT_EQ(s.Conexiones.size(), 1u);
+    EXPECT_EQ(s.Conexiones[0].fecha, Fecha::Crear(2024, 3, 1, 18, 45, 10));
+    EXPECT_EQ(s.Conexiones[0].Tarifa, "Metropolitana");
+    EXPECT_EQ(EscribirTextoVariables(s), kLleno);
+}
+
+TEST(Variables, ListasLargasVanYVuelven) {
+    Settings s = ValoresPorDefecto();
+    for (int i = 0; i < 3000; ++i) {
+        const Fecha dia = Fecha::Crear(2000, 1, 1).MasDias(i);
+        s.Programas.push_back("/opt/programa" + std::to_string(i));
+        s.Bonos.push_back({static_cast<std::int16_t>(i % 4), dia,
+                           i % 3 == 0   ? FechaVariante::Vacia()
+                           : i % 3 == 1 ? FechaVariante::Nula()
+                                        : FechaVariante::De(dia.MasDias(30)),
+                           "10:00:00"});
+        s.EntradasConexion.push_back({"Entrada " + std::to_string(i), "Tarifa", "BonoNet"});
+        s.Festivos.push_back(dia);
+        s.Conexiones.push_back({"Conexion", "", dia.MasSegundos(i), "Metropolitana"});
+    }
+    s.Impuestos = 1.0f / 3.0f;
+    const std::string texto = EscribirTextoVariables(s);
+    const Settings leido = LeerTextoVariables(texto);
+    EXPECT_EQ(leido.Programas, s.Programas);
+    EXPECT_EQ(leido.Bonos, s.Bonos);
+    EXPECT_EQ(leido.EntradasConexion, s.EntradasConexion);
+    EXPECT_EQ(leido.Festivos, s.Festivos);
+    EXPECT_EQ(leido.Conexiones, s.Conexiones);
+    EXPECT_EQ(leido.Impuestos, s.Impuestos);
+    EXPECT_EQ(EscribirTextoVariables(leido), texto);
+
+    // Counts are 16-bit in the file: a longer list is refused before writing.
+    s.Festivos.resize(32768);
+    EXPECT_THROW(EscribirTextoVariables(s), ErrorDesbordamiento);
+    s.Festivos.resize(32767);
+    EXPECT_EQ(LeerTextoVariables(EscribirTextoVariables(s)).Festivos.size(), 32767u);
+}
+
+TEST(Variables, CadaArchivoCortadoSeRechaza) {
+    // Every cut before the last line end leaves the file incomplete.
+    for (const std::string* completo : {&kVacio, &kLleno}) {
+        for (std::size_t n = 0; n + 2 < completo->size(); ++n) {
+            EXPECT_THROW(LeerTextoVariables(completo->substr(0, n)), ErrorFormato) << n;
+        }
+        EXPECT_NO_THROW(LeerTextoVariables(completo->substr(0, completo->size() - 2)));
+    }
+}
+
+TEST(Variables, ValoresMalFormadosSeRechazanNombrandoLaLinea) {
+    const auto cambiar = [](std::size_t linea, const std::string& valor) {
+        std::string t = kLleno;
+        std::size_t inicio = 0;
+        for (std::size_t i = 1; i < linea; ++i) {
+            inicio = t.find("\r\n", inicio) + 2;
+        }
+        return t.replace(inicio, t.find("\r\n", inicio) - inicio, valor);
+    };
+    const std::pair<std::size_t, const char*> malos[] = {
+        {1, "#VERDADERO#"},
+        {1, "-1"},
+        {6, "-1"},
+        {6, "abc"},
+        {6, "40000"},
+        {15, "#25:00#"},
+        {15, ""},
+        {16, "\"1:99999:0\""},
+        {20, "256"},
+        {21, "#15#"},
+        {25, "#2024-02-30#"},
+        {25, "\"\""},
+        {26, "x"},
+        {36, "32768"},
+        {46, "16 %"},
+        {49, "#2024/12/25#"},
+        {49, "#NULL#"},
+        {52, "#2024-01-01#"},
+    };
+    for (const auto& [linea, valor] : malos) {
+        try {
+            LeerTextoVariables(cambiar(linea, valor));
+            ADD_FAILURE() << "linea " << linea << " = " << valor;
+        } catch (const ErrorFormato& e) {
+            EXPECT_EQ(static_cast<std::size_t>(e.Linea()), linea) << valor << ": " << e.what();
+        }
+    }
+}
+
+TEST_F(ArchivoVariables, ArchivoAusenteDaLosValoresPorDefecto) {
+    const LecturaVariables l = LeerVariables(Ruta());
+    EXPECT_FALSE(l.dañado);
+    EXPECT_TRUE(l.valores.CargarAlIniciar);
+    EXPECT_FALSE(Existe(Ruta()));
+    EXPECT_EQ(GuardarVariables(Ruta(), l.valores), std::nullopt);
+    EXPECT_EQ(Leer(Ruta()), kVacio);
+    EXPECT_EQ(fs::status(Ruta()).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(ArchivoVariables, UnArchivoDañadoSeConservaYSeApartaAlGuardar) {
+    const std::string dañado = kLleno.substr(0, 300);
+    Escribir(Ruta(), dañado);
+    const LecturaVariables l = LeerVariables(Ruta());
+    ASSERT_TRUE(l.dañado);
+    EXPECT_TRUE(l.valores.CargarAlIniciar); // the defaults
+    EXPECT_TRUE(l.valores.Programas.empty());
+    EXPECT_NE(l.aviso.find("Varibles.Dat"), std::string::npos) << l.aviso;
+    EXPECT_NE(l.aviso.find("linea"), std::string::npos) << l.aviso;
+    EXPECT_NE(l.aviso.find("por defecto"), std::string::npos) << l.aviso;
+    EXPECT_EQ(Leer(Ruta()), dañado); // reading changed nothing
+
+    const auto apartado = GuardarVariables(Ruta(), l.valores);
+    ASSERT_TRUE(apartado);
+    EXPECT_EQ(*apartado, dir / "Varibles.Dat.dañado");
+    EXPECT_EQ(Leer(*apartado), dañado);
+    EXPECT_EQ(Leer(Ruta()), kVacio);
+    // The file is sound now: saving again sets nothing more aside.
+    EXPECT_EQ(GuardarVariables(Ruta(), l.valores), std::nullopt);
+
+    // A different damaged file later does not replace the first copy; the
+    // same one is not copied twice.
+    Escribir(Ruta(), "basura");
+    EXPECT_EQ(GuardarVariables(Ruta(), l.valores), dir / "Varibles.Dat.dañado.2");
+    Escribir(Ruta(), dañado);
+    EXPECT_EQ(GuardarVariables(Ruta(), l.valores), dir / "Varibles.Dat.dañado");
+    EXPECT_EQ(Leer(dir / "Varibles.Dat.dañado"), dañado);
+    EXPECT_EQ(Leer(dir / "Varibles.Dat.dañado.2"), "basura");
+}

@@ -1,0 +1,38 @@
+#pragma once
+// A fresh folder per test, removed afterwards, with small file helpers.
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <string>
+#include <unistd.h>
+
+namespace vorimesk::prueba {
+
+class CarpetaTemporal : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string plantilla =
+            (std::filesystem::temp_directory_path() / "vorimesk-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(plantilla.data()), nullptr);
+        dir = plantilla;
+    }
+    void TearDown() override {
+        std::error_code ec;
+        std::filesystem::permissions(dir, std::filesystem::perms::owner_all, ec);
+        std::filesystem::remove_all(dir, ec);
+    }
+    static void Escribir(const std::filesystem::path& p, const std::string& bytes) {
+        std::ofstream(p, std::ios::binary) << bytes;
+    }
+    static std::string Leer(const std::filesystem::path& p) {
+        std::ifstream f(p, std::ios::binary);
+        return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+    }
+    static bool Existe(const std::filesystem::path& p) { return std::filesystem::exists(p); }
+
+    std::filesystem::path dir;
+};
+
+} // namespace vorimesk::prueba
