@@ -3,6 +3,7 @@ BUILD      ?= build
 BUILD_ASAN ?= build-asan
 BUILD_FUZZ ?= build-fuzz
 JOBS       ?= 2
+ARGS       ?=
 FUZZ_SEGUNDOS ?= 60
 GENERADOR  := -G Ninja
 FUZZ_CXX   ?= clang++-14
@@ -22,8 +23,16 @@ configure: deps $(BUILD)/build.ninja
 build: configure
 	cmake --build $(BUILD) -j$(JOBS)
 
+# The meter's window; with no graphical display, the text meter instead.
+# Options for the program go in ARGS (make run ARGS="--datos /tmp/prueba").
 run: build
-	$(BUILD)/apps/vorimesk-cli/vorimesk-cli --help
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	  echo "No hay pantalla grafica (no estan definidas DISPLAY ni WAYLAND_DISPLAY):"; \
+	  echo "se arranca el contador en modo texto (vorimesk-cli vigilar)."; \
+	  exec $(BUILD)/apps/vorimesk-cli/vorimesk-cli $(ARGS) vigilar; \
+	else \
+	  exec $(BUILD)/apps/vorimesk/vorimesk $(ARGS); \
+	fi
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j$(JOBS)

@@ -1,36 +1,111 @@
-// Writes a PNG of every window and dialog into the folder given as argument,
-// for a person to look at (make screenshots; also at 200% with
-// QT_SCALE_FACTOR=2).
+// Writes a PNG of every window, tab and dialog into the folder given as
+// argument, for a person to look at (make screenshots; also at 200% with
+// QT_SCALE_FACTOR=2). The main window is shown on a made-up data folder.
 
+#include "PlataformaPrueba.h"
+#include "register/Importe.h"
+#include "register/Log.h"
+#include "settings/ArchivoVariables.h"
+#include "tariff/LibroPorDefecto.h"
+#include "ui/Avisos.h"
+#include "ui/EntornoVentana.h"
+#include "ui/TabBono.h"
 #include "ui/fAbout.h"
+#include "ui/fBono.h"
+#include "ui/fMain.h"
+#include "ui/fModem.h"
+#include "ui/fProgramas.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QMessageBox>
 #include <QPixmap>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <functional>
 #include <memory>
 #include <vector>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 
 struct Captura {
-    const char* nombre;
-    std::function<std::unique_ptr<QWidget>()> crear;
+    QString nombre;
+    std::function<QWidget*()> crear; // the widget to grab (owned elsewhere)
 };
 
-std::vector<Captura> Capturas() {
-    return {
-        {"acerca-de", [] { return std::make_unique<fAbout>(); }},
-        {"banner-inicio",
-         [] {
-             auto a = std::make_unique<fAbout>();
-             a->ModoBanner(true);
-             return a;
-         }},
-    };
+const RelojFijo kReloj(Fecha::Crear(2026, 3, 20, 12, 0, 0));
+
+// A register of some weeks of calls, holidays, bundles and two entries.
+void PrepararDatos(const std::filesystem::path& dir) {
+    InstalarLibroPorDefecto(dir);
+    Log registro(dir);
+    const char* tarifas[] = {"Metropolitana", "Provincial", "Infovia"};
+    const char* conexiones[] = {"Casa", "Trabajo"};
+    for (int i = 0; i < 40; ++i) {
+        const Fecha dia = Fecha::Crear(2026, 1, 10).MasDias(i * 2);
+        const Fecha hora = Fecha::DesdeSegundos((8 + i % 14) * 3600 + (i * 7 % 60) * 60);
+        const int segundos = 300 + i * 97;
+        cTiempo d;
+        d.ConvTiempo(segundos);
+        registro.AñadirItem(dia, hora, d.Valor(), TextoImporte(11.72F + segundos / 60.0F * 2.5F),
+                            static_cast<std::uint8_t>(i % 3 == 0), tarifas[i % 3],
+                            conexiones[i % 2], "", static_cast<std::int16_t>(i % 5 == 0 ? -1 : 0),
+                            100 + i * 13, 20 + i * 3);
+    }
+    registro.SalvarLog();
+    Settings s = ValoresPorDefecto();
+    s.DiaFactura = 15;
+    s.AnadirImpuestos = true;
+    s.Impuestos = 16.0F;
+    s.Festivos = {Fecha::Crear(2026, 1, 1), Fecha::Crear(2026, 1, 6), Fecha::Crear(2026, 3, 19),
+                  Fecha::Crear(2026, 4, 2), Fecha::Crear(2026, 4, 3)};
+    s.EntradasConexion = {{"Casa", "Metropolitana", "BonoNet"},
+                          {"Trabajo", "Provincial", "Ninguno"}};
+    s.Bonos = {
+        {0, Fecha::Crear(2026, 2, 15), FechaVariante::Vacia(), "06:12:40"},
+        {3, Fecha::Crear(2026, 1, 15), FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"}};
+    s.Programas = {"/usr/bin/firefox", "/usr/bin/thunderbird"};
+    s.AvisoTiempo = true;
+    s.TiempoAviso.Valor("01:00:00");
+    s.AvisoImporte = true;
+    s.ImporteAviso = "1500";
+    s.SonidoAviso = "/usr/share/sounds/alsa/Front_Center.wav";
+    s.MesReinicio = 2;
+    GuardarVariables(dir / "Varibles.Dat", s);
+}
+
+std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
+                                  const QString& texto, QMessageBox::StandardButtons botones) {
+    QString lineas = texto;
+    lineas.replace("\r\n", "\n").replace('\r', '\n');
+    auto caja = std::make_unique<QMessageBox>(icono, titulo, lineas, botones);
+    if (auto* si = caja->button(QMessageBox::Yes)) {
+        si->setText("&Si");
+    }
+    if (auto* no = caja->button(QMessageBox::No)) {
+        no->setText("&No");
+    }
+    if (auto* ok = caja->button(QMessageBox::Ok)) {
+        ok->setText("&Aceptar");
+    }
+    return caja;
+}
+
+bool Guardar(QWidget* w, const QString& ruta) {
+    w->show();
+    QApplication::processEvents();
+    if (!w->grab().save(ruta)) {
+        std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
+        return false;
+    }
+    std::printf("%s\n", qPrintable(ruta));
+    return true;
 }
 
 } // namespace
@@ -42,17 +117,84 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const QString carpeta = argc > 1 ? QString::fromLocal8Bit(argv[1]) : "screenshots";
     QDir().mkpath(carpeta);
-    for (const Captura& c : Capturas()) {
-        auto ventana = c.crear();
-        ventana->adjustSize();
-        ventana->show();
-        QApplication::processEvents();
-        const QString ruta = carpeta + "/" + c.nombre + ".png";
-        if (!ventana->grab().save(ruta)) {
-            std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
+    QTemporaryDir temporal;
+    const std::filesystem::path dir = temporal.path().toStdString();
+    PrepararDatos(dir);
+
+    PlataformaPrueba plataforma;
+    plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    plataforma.sistema->modems = {{"ttyS0", "Modem de prueba", dir / "modemlog.txt"}};
+    EntornoVentana entorno;
+    entorno.carpetaDatos = dir;
+    entorno.plataforma = plataforma.Crear();
+    entorno.reloj = &kReloj;
+    fMain ventana(entorno);
+    ventana.Cargar();
+
+    std::vector<std::unique_ptr<QWidget>> dueños;
+    auto propio = [&](std::unique_ptr<QWidget> w) {
+        dueños.push_back(std::move(w));
+        return dueños.back().get();
+    };
+    const char* pestañas[] = {"resumen",  "conexiones", "tarifas", "registro",
+                              "festivos", "bononet",    "opciones"};
+    std::vector<Captura> capturas;
+    for (int i = 0; i < 7; ++i) {
+        capturas.push_back({QString("principal-%1-%2").arg(i).arg(pestañas[i]), [&, i] {
+                                ventana.SSTab1->setCurrentIndex(i);
+                                return static_cast<QWidget*>(&ventana);
+                            }});
+    }
+    std::vector<std::string> programas = ventana.Datos().Ajustes.Programas;
+    BonoGuardado nuevo;
+    nuevo.Alta = kReloj.Hoy();
+    const BonoGuardado dado{3, Fecha::Crear(2026, 1, 15),
+                            FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"};
+    capturas.insert(
+        capturas.end(),
+        {
+            {"acerca-de", [&] { return propio(std::make_unique<fAbout>()); }},
+            {"banner-inicio",
+             [&] {
+                 auto a = std::make_unique<fAbout>();
+                 a->ModoBanner(true);
+                 return propio(std::move(a));
+             }},
+            {"bono-alta",
+             [&] { return propio(std::make_unique<fBono>(nuevo, true, kReloj.Hoy())); }},
+            {"bono-modificar",
+             [&] { return propio(std::make_unique<fBono>(dado, false, kReloj.Hoy())); }},
+            {"modem",
+             [&] {
+                 return propio(std::make_unique<fModem>(
+                     QStringList{"Modem interno (ttyS0)", "U.S. Robotics 56K USB (ttyUSB0)"}));
+             }},
+            {"programas", [&] { return propio(std::make_unique<fProgramas>(programas)); }},
+            {"aviso-recalculo",
+             [&] {
+                 return propio(Caja(QMessageBox::Question, avisos::kTituloRecalculo,
+                                    avisos::kTextoRecalculo, QMessageBox::Yes | QMessageBox::No));
+             }},
+            {"aviso-conexion-nueva",
+             [&] {
+                 return propio(Caja(QMessageBox::Warning, avisos::kTituloConexionNueva,
+                                    avisos::kTextoConexionNueva, QMessageBox::Ok));
+             }},
+            {"aviso-sin-modem",
+             [&] {
+                 return propio(Caja(QMessageBox::Critical, avisos::kTituloSinModem,
+                                    avisos::kTextoSinModem, QMessageBox::Ok));
+             }},
+        });
+
+    for (const Captura& c : capturas) {
+        QWidget* w = c.crear();
+        if (!Guardar(w, carpeta + "/" + c.nombre + ".png")) {
             return 1;
         }
-        std::printf("%s\n", qPrintable(ruta));
+        if (w != &ventana) {
+            w->hide();
+        }
     }
     return 0;
 }

@@ -1,0 +1,93 @@
+// vorimesk: the meter's window. Options: --datos DIR (the data folder, as
+// vorimesk-cli takes it) and --simular GUION (a scripted modem instead of the
+// system's links, for demonstrations).
+
+#include "AplicacionVorimesk.h"
+#include "core/CarpetaDatos.h"
+#include "core/Errores.h"
+#include "platform/LineasModemLog.h"
+#include "platform/Plataforma.h"
+#include "tariff/LibroPorDefecto.h"
+#include "ui/Avisos.h"
+#include "ui/SenalesTerminar.h"
+#include "ui/fMain.h"
+
+#include <QCommandLineParser>
+#include <memory>
+
+using namespace vorimesk;
+
+namespace {
+
+struct Opciones {
+    std::optional<std::filesystem::path> datos;
+    std::optional<std::filesystem::path> guion;
+};
+
+Opciones LeerOpciones(const QApplication& app) {
+    QCommandLineParser analizador;
+    analizador.setApplicationDescription(
+        "Contador de coste de las conexiones a Internet por modem.");
+    analizador.addHelpOption();
+    analizador.addVersionOption();
+    const QCommandLineOption datos("datos", "Carpeta de los datos del usuario.", "DIR");
+    const QCommandLineOption simular("simular", "Usa un modem simulado que sigue el GUION.",
+                                     "GUION");
+    analizador.addOption(datos);
+    analizador.addOption(simular);
+    analizador.process(app);
+    Opciones o;
+    if (analizador.isSet(datos)) {
+        o.datos = analizador.value(datos).toStdString();
+    }
+    if (analizador.isSet(simular)) {
+        o.guion = analizador.value(simular).toStdString();
+    }
+    return o;
+}
+
+int Ejecutar(AplicacionVorimesk& app) {
+    const Opciones opciones = LeerOpciones(app);
+    static RelojSistema reloj;
+    CarpetaDatos::AlCrear(InstalarLibroPorDefecto);
+    const std::filesystem::path carpeta =
+        CarpetaDatos::Resolver(CarpetaDatos::EntornoActual(opciones.datos));
+
+    OpcionesPlataforma op;
+    op.carpetaDatos = carpeta;
+    op.guion = opciones.guion;
+    op.reloj = &reloj;
+    Plataforma plataforma = CrearPlataforma(op);
+    // A second copy ends at once, silently.
+    if (!plataforma.instancia->Adquirir()) {
+        return 0;
+    }
+
+    EntornoVentana entorno;
+    entorno.carpetaDatos = carpeta;
+    entorno.carpetaPrograma = QCoreApplication::applicationDirPath().toStdString();
+    entorno.ejecutable = QCoreApplication::applicationFilePath().toStdString();
+    entorno.plataforma = plataforma;
+    entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog);
+    entorno.reloj = &reloj;
+
+    auto ventana = std::make_unique<fMain>(entorno);
+    SenalesTerminar senales;
+    QObject::connect(&senales, &SenalesTerminar::Terminar, ventana.get(),
+                     [&ventana] { ventana->TerminarSesion(); });
+    ventana->Cargar();
+    ventana->show();
+    return app.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    AplicacionVorimesk app(argc, argv);
+    try {
+        return Ejecutar(app);
+    } catch (const Error& error) {
+        avisos::MostrarError(nullptr, error);
+        return 1;
+    }
+}

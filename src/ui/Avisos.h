@@ -1,0 +1,40 @@
+#pragma once
+// The message boxes of the main window, with their exact texts. Each box is a
+// real QMessageBox run modally, so tests answer it as a user would.
+
+#include <QMessageBox>
+#include <QString>
+
+namespace vorimesk {
+
+class Error;
+
+namespace avisos {
+
+inline const QString kTituloRecalculo = "Aviso";
+inline const QString kTextoRecalculo = "Ha modificado datos que afectan a los calculos\r"
+                                       "del registro de llamadas.\r"
+                                       "¿Desea recalcular todas las llamadas con los parametro "
+                                       "actuales ?";
+inline const QString kTituloConexionNueva = "Detectada conexion nueva";
+inline const QString kTextoConexionNueva = "Hay conexiones nuevas en el sistema.\r\n"
+                                           "Se inicializaran con los valores por defecto.\r\n"
+                                           "Se aconseja cambiarlos por los correctos.";
+inline const QString kTituloSinModem = "Atencion";
+inline const QString kTextoSinModem = "No tiene ningun modem instalado\r\n"
+                                      "Instale uno y vuelva a ejecutar el programa";
+
+// Yes/No; true on "Si".
+bool PreguntarRecalculo(QWidget* padre);
+void ConexionNueva(QWidget* padre);
+void SinModem(QWidget* padre);
+// A failure that reached an event of the window, in Spanish.
+void MostrarError(QWidget* padre, const Error& error);
+void MostrarError(QWidget* padre, const QString& texto);
+// Any other modal box of the window.
+QMessageBox::StandardButton Caja(QWidget* padre, QMessageBox::Icon icono, const QString& titulo,
+                                 const QString& texto,
+                                 QMessageBox::StandardButtons botones = QMessageBox::Ok);
+
+} // namespace avisos
+} // namespace vorimesk

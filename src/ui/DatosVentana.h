@@ -1,0 +1,53 @@
+#pragma once
+// What the main window holds for the whole run and shares with its tabs: the
+// BonoNet ledger, the settings, the connection profiles, the call register,
+// the tariff book and the flags the tabs raise. The ledger comes first so it
+// exists before anything reads the settings into it.
+
+#include "core/Fecha.h"
+#include "core/Reloj.h"
+#include "register/ListadoRegistro.h"
+#include "register/Log.h"
+#include "settings/Settings.h"
+#include "tariff/cBono.h"
+#include "tariff/cLlamada.h"
+#include "tariff/colConexion.h"
+
+#include <filesystem>
+
+namespace vorimesk {
+
+struct DatosVentana {
+    DatosVentana(std::filesystem::path carpetaDatos, const Reloj& reloj);
+
+    std::filesystem::path Carpeta;
+    const Reloj& RelojPrograma;
+
+    cBono Bono;
+    Settings Ajustes;
+    colConexion Conexiones;
+    Log Registro;
+    cLlamada Libro;
+
+    // Raised by every edit that changes how past calls are priced; asked
+    // about when the user leaves the tab.
+    bool RecalculoPendiente = false;
+    // "Ventanas Conexion invisibles": never saved, off at every start.
+    bool VentanasInvisibles = false;
+    // The alerts of the live meter sound once per arming.
+    struct Armados {
+        bool tiempo = true;
+        bool importe = true;
+        bool bono = true;
+    } AvisosArmados;
+
+    Fecha InicioPeriodo;
+    Fecha FinPeriodo;
+
+    // How the cost column is worked out from the settings.
+    OpcionesCoste Coste() const { return {Ajustes.AnadirImpuestos, Ajustes.Impuestos}; }
+    // The book's calendar with the holidays of the settings.
+    std::int16_t TipoDia(Fecha dia);
+};
+
+} // namespace vorimesk

@@ -1,0 +1,26 @@
+#pragma once
+// What the main window is given from outside: where the user's data and the
+// program's files are, the operating system (through the platform layer) and
+// the clock.
+
+#include "core/Reloj.h"
+#include "platform/Plataforma.h"
+
+#include <filesystem>
+
+namespace vorimesk {
+
+struct EntornoVentana {
+    std::filesystem::path carpetaDatos;
+    // The folder of the program, where the tariff editor is.
+    std::filesystem::path carpetaPrograma;
+    // What starting at login starts.
+    std::filesystem::path ejecutable;
+    // The entries, modems, dialling, connection state and start at login.
+    Plataforma plataforma;
+    // The session log to read when the system has no modem at all.
+    std::filesystem::path logSinModem;
+    const Reloj* reloj = nullptr;
+};
+
+} // namespace vorimesk

@@ -1,0 +1,47 @@
+#pragma once
+// Tab 1: the dial-up entries of the system, each with the tariff and the
+// discount its calls are priced with. Choosing a tariff or a discount stores
+// it at once for the selected entry.
+
+#include <QWidget>
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QListWidget;
+
+namespace vorimesk {
+
+struct DatosVentana;
+
+class TabConexiones : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr const char* kSinConexiones = "No hay conexiones disponibles.";
+
+    TabConexiones(DatosVentana& datos, QWidget* padre = nullptr);
+
+    // The system's entries, in order; none shows kSinConexiones.
+    void MostrarEntradas(const std::vector<std::string>& entradas);
+    // The tariff names of the book, for the tariff list.
+    void MostrarTarifas();
+
+    // Position of the entry in EntradasConexion, compared exactly; -1 when
+    // it is not there.
+    int Buscar(const std::string& entrada) const;
+
+    QListWidget* listaConexiones2 = nullptr;
+    QComboBox* cmbTarifa = nullptr;
+    QComboBox* cmbDescuento = nullptr;
+
+private:
+    void Seleccion();
+    void ElegirTarifa(int indice);
+    void ElegirDescuento(int indice);
+    std::string Seleccionada() const;
+
+    DatosVentana& datos_;
+    bool hayEntradas_ = false;
+};
+
+} // namespace vorimesk

@@ -1,0 +1,74 @@
+#include "TabResumen.h"
+
+#include "core/FormatoNumero.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace vorimesk {
+namespace {
+
+QLabel* Valor(QWidget* padre, const char* nombre) {
+    auto* l = new QLabel(padre);
+    l->setObjectName(nombre);
+    QFont negrita = l->font();
+    negrita.setBold(true);
+    l->setFont(negrita);
+    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return l;
+}
+
+} // namespace
+
+TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
+    lPeriodo = Valor(this, "lPeriodo");
+    lTiempoPer = Valor(this, "lTiempoPer");
+    lGastoPer = Valor(this, "lGastoPer");
+    lLlamadas = Valor(this, "lLlamadas");
+    lDiasQuedanBono = Valor(this, "lDiasQuedanBono");
+    lBonoGastado = Valor(this, "lBonoGastado");
+    lBonoQueda = Valor(this, "lBonoQueda");
+
+    auto* marcoPeriodo = new QGroupBox("Periodo de facturacion", this);
+    auto* cifras = new QFormLayout(marcoPeriodo);
+    cifras->addRow("Periodo:", lPeriodo);
+    cifras->addRow("Tiempo periodo:", lTiempoPer);
+    cifras->addRow("Gasto total periodo:", lGastoPer);
+    cifras->addRow("Numero de llamadas:", lLlamadas);
+    auto* quedan = new QHBoxLayout;
+    quedan->addWidget(new QLabel("Quedan", marcoPeriodo));
+    quedan->addWidget(lDiasQuedanBono);
+    quedan->addWidget(new QLabel("dias para finalizar.", marcoPeriodo));
+    quedan->addStretch();
+    cifras->addRow(quedan);
+
+    marcoBono_ = new QGroupBox("BonoNet", this);
+    auto* bono = new QFormLayout(marcoBono_);
+    bono->addRow("Bono Gastado:", lBonoGastado);
+    bono->addRow("Bono Restante:", lBonoQueda);
+
+    auto* todo = new QVBoxLayout(this);
+    todo->addWidget(marcoPeriodo);
+    todo->addWidget(marcoBono_);
+    todo->addStretch();
+}
+
+void TabResumen::Mostrar(const ResumenPeriodo& r) {
+    lPeriodo->setText(QString::fromStdString(r.inicio.TextoCorto() + " - " + r.fin.TextoCorto()));
+    lTiempoPer->setText(r.llamadas == 0 ? QString() : QString::fromStdString(r.tiempo.Valor()));
+    lGastoPer->setText(QString::fromStdString(FormatoMiles(r.coste) + " "));
+    lLlamadas->setText(QString::number(r.llamadas));
+    lDiasQuedanBono->setText(QString::number(r.diasQuedan));
+}
+
+void TabResumen::MostrarBono(const QString& grupo, const std::string& gastado,
+                             const std::string& queda) {
+    marcoBono_->setTitle("BonoNet " + grupo);
+    lBonoGastado->setText(QString::fromStdString(gastado));
+    lBonoQueda->setText(QString::fromStdString(queda));
+}
+
+} // namespace vorimesk

@@ -1,0 +1,59 @@
+#pragma once
+// Tab 2: the tariffs of the book, read-only. For the tariff chosen in
+// listTarifas and the day type chosen with "Semana", "Sabado" or "Festivo",
+// gTarifas shows the price, start and end of the normal and reduced bands
+// and gConexion the connection charge and the time it includes. Tariffs are
+// changed in the separate tariff editor ("&Editor").
+
+#include <QWidget>
+#include <filesystem>
+
+class QButtonGroup;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+class QTableWidget;
+
+namespace vorimesk {
+
+struct DatosVentana;
+
+class TabTarifas : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr const char* kEditor = "pelmorad";
+
+    // `carpetaPrograma` holds the tariff editor.
+    TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma,
+               QWidget* padre = nullptr);
+
+    // Reads the book again (the editor may have changed it) and shows it.
+    void Refrescar();
+    // Shows the values of the chosen tariff and day type.
+    void MostrarValores();
+    // Starts the editor; false (after telling the user) when it cannot.
+    bool AbrirEditor();
+
+    QListWidget* listTarifas = nullptr;
+    QRadioButton* optSemana = nullptr;
+    QRadioButton* optSabado = nullptr;
+    QRadioButton* optFestivo = nullptr;
+    QTableWidget* gTarifas = nullptr;
+    QTableWidget* gConexion = nullptr;
+    QPushButton* cmdEditor = nullptr;
+    QLabel* lSinTarifas = nullptr;
+
+signals:
+    void EditorAbierto();
+
+private:
+    int TipoDia() const;
+    void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
+
+    DatosVentana& datos_;
+    std::filesystem::path carpetaPrograma_;
+    QButtonGroup* dias_ = nullptr;
+};
+
+} // namespace vorimesk

@@ -1,0 +1,133 @@
+#pragma once
+// The main window: it owns the register, the settings, the BonoNet ledger
+// and the tray icon, and hosts the connection panel and the tabbed area
+// SSTab1 (summary, dial-up entries, tariffs, register grid, holidays,
+// BonoNet and options). Cargar runs the load sequence; the close box only
+// hides the window (to the tray, or minimised when there is no tray), and
+// only Terminar ends the program, saving register and settings.
+
+#include "AnfitrionRegistro.h"
+#include "DatosVentana.h"
+#include "EntornoVentana.h"
+
+#include <QMainWindow>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+class QAction;
+class QSystemTrayIcon;
+class QTabWidget;
+class QTimer;
+class QToolBar;
+
+namespace vorimesk {
+
+class PanelConexion;
+class SonidoAviso;
+class TabBono;
+class TabConexiones;
+class TabFestivos;
+class TabOpciones;
+class TabRegistro;
+class TabResumen;
+class TabTarifas;
+
+class fMain : public QMainWindow, public AnfitrionRegistro {
+    Q_OBJECT
+public:
+    // Tabs of SSTab1.
+    static constexpr int kResumen = 0, kConexiones = 1, kTarifas = 2, kRegistro = 3, kFestivos = 4,
+                         kBono = 5, kOpciones = 6;
+    // Where the modem chosen among several is remembered, in the data folder.
+    static constexpr const char* kArchivoPreferencias = "Vorimesk.ini";
+
+    explicit fMain(EntornoVentana entorno, QWidget* padre = nullptr);
+    ~fMain() override;
+
+    // The load sequence. Failures are shown to the user; the window is then
+    // left working with what could be read.
+    void Cargar();
+
+    // Register tools.
+    void RellenaGrid(const CriteriosFiltro& criterios) override;
+    Fecha InicioPeriodo() const override { return datos_.InicioPeriodo; }
+    Fecha FinPeriodo() const override { return datos_.FinPeriodo; }
+    std::vector<std::array<std::string, 10>> FilasVisibles() const override;
+    void RegistroCambiado() override;
+
+    // The normal exit: saves register and settings, closes every window and
+    // ends the event loop. When saving fails the user is told and the
+    // program goes on, so nothing is lost; false then.
+    bool Terminar();
+    // The session ends (logout, SIGTERM): saves what can be saved, tells
+    // nobody, and ends the event loop.
+    void TerminarSesion();
+    // Saves the register when it has unsaved changes, and the settings.
+    void GuardarTodo();
+
+    // Window activation: looks for new dial-up entries and tells the user.
+    void AlActivar();
+    // Asks about re-pricing the register, as a tab change does.
+    void CambioPestaña(int nueva);
+
+    // Chooses among several modems (fModem); tests put their own.
+    std::function<int(const QStringList& modelos)> ElegirModem;
+
+    DatosVentana& Datos() { return datos_; }
+    const Listado& UltimoListado() const { return listado_; }
+    QSystemTrayIcon* Bandeja() const { return bandeja_; }
+
+    QTabWidget* SSTab1 = nullptr;
+    PanelConexion* panel = nullptr;
+    TabResumen* tabResumen = nullptr;
+    TabConexiones* tabConexiones = nullptr;
+    TabTarifas* tabTarifas = nullptr;
+    TabRegistro* tabRegistro = nullptr;
+    TabFestivos* tabFestivos = nullptr;
+    TabBono* tabBono = nullptr;
+    TabOpciones* tabOpciones = nullptr;
+    QToolBar* Toolbar1 = nullptr;
+    QTimer* tmEstado = nullptr;
+    QTimer* tmHora = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+
+private:
+    void Construir();
+    void PonerBandeja();
+    void LeerAjustes();
+    void BuscarModem();
+    void AplicarCargaAlIniciar();
+    void LeerEntradas();
+    void CargarRegistro();
+    void CalcularPeriodo();
+    void MostrarAjustes();
+    void AplicarSiempreVisible();
+    void TickHora();
+    void TickEstado();
+    void MostrarResumen();
+    void MostrarBono();
+    void Recalcular();
+    void GuardarRegistro();
+    void GuardarAjustes();
+    void Restaurar();
+
+    EntornoVentana entorno_;
+    DatosVentana datos_;
+    SonidoAviso* sonido_ = nullptr;
+    QSystemTrayIcon* bandeja_ = nullptr;
+    Listado listado_;
+    int pestañaAnterior_ = kResumen;
+    bool entradasNuevas_ = false;
+    // A register that could not be read is never written over.
+    bool registroLeido_ = false;
+    bool registroSucio_ = false;
+    bool terminando_ = false;
+    std::optional<Fecha> ultimaHora_;
+    std::optional<std::vector<std::string>> entradasSistema_;
+};
+
+} // namespace vorimesk

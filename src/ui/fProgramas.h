@@ -1,0 +1,41 @@
+#pragma once
+// "Programas a cargar al conectar...": edits the list of programs started
+// when a connection comes up. The list is written back only when the dialog
+// closes, however it closes.
+
+#include <QDialog>
+#include <functional>
+#include <string>
+#include <vector>
+
+class QListWidget;
+class QPushButton;
+
+namespace vorimesk {
+
+class fProgramas : public QDialog {
+    Q_OBJECT
+public:
+    // `programas` (the settings' list) must outlive the dialog.
+    fProgramas(std::vector<std::string>& programas, QWidget* padre = nullptr);
+
+    // The open-file dialog: the chosen path, or empty when cancelled.
+    std::function<QString()> ElegirArchivo;
+    static QString DialogoAbrir(QWidget* padre);
+
+    QListWidget* listPro = nullptr;
+    QPushButton* cmdAñadir = nullptr;
+    QPushButton* cmdBorrar = nullptr;
+    QPushButton* cmdBorrarTodos = nullptr;
+    QPushButton* cmdCerrar = nullptr;
+
+    void done(int resultado) override;
+
+private:
+    void Añadir();
+    void Borrar();
+
+    std::vector<std::string>& programas_;
+};
+
+} // namespace vorimesk

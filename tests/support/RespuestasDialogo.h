@@ -1,0 +1,81 @@
+#pragma once
+// Answers the modal boxes a window opens while a test drives it: a timer
+// looks for the active modal dialog, notes its title and text, and presses
+// the button the test chose. Each answer is used once, in order.
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+namespace vorimesk::prueba {
+
+struct CajaVista {
+    QString titulo;
+    QString texto;
+};
+
+class RespuestasDialogo {
+public:
+    RespuestasDialogo() {
+        temporizador_.setInterval(10);
+        QObject::connect(&temporizador_, &QTimer::timeout, [this] { Mirar(); });
+        temporizador_.start();
+    }
+
+    // The next message box gets this button.
+    void Responder(QMessageBox::StandardButton boton) {
+        acciones_.push_back([boton](QWidget* w) {
+            auto* caja = qobject_cast<QMessageBox*>(w);
+            if (caja == nullptr) {
+                return false;
+            }
+            caja->button(boton)->click();
+            return true;
+        });
+    }
+    // The next modal dialog is handed to `accion`, which must close it.
+    void Con(std::function<void(QWidget*)> accion) {
+        acciones_.push_back([accion](QWidget* w) {
+            accion(w);
+            return true;
+        });
+    }
+
+    const std::vector<CajaVista>& Vistas() const { return vistas_; }
+    bool Pendientes() const { return !acciones_.empty(); }
+
+private:
+    void Mirar() {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (modal == nullptr || modal == ultimo_) {
+            return;
+        }
+        if (auto* caja = qobject_cast<QMessageBox*>(modal)) {
+            vistas_.push_back({caja->windowTitle(), caja->text()});
+        } else {
+            vistas_.push_back({modal->windowTitle(), {}});
+        }
+        if (acciones_.empty()) {
+            // Unexpected: close it so the test does not hang, and let it see
+            // the box in Vistas().
+            ultimo_ = modal;
+            QMetaObject::invokeMethod(modal, "reject", Qt::QueuedConnection);
+            return;
+        }
+        auto accion = acciones_.front();
+        acciones_.pop_front();
+        ultimo_ = modal;
+        accion(modal);
+    }
+
+    QTimer temporizador_;
+    std::deque<std::function<bool(QWidget*)>> acciones_;
+    std::vector<CajaVista> vistas_;
+    QPointer<QWidget> ultimo_;
+};
+
+} // namespace vorimesk::prueba

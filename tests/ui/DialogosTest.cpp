@@ -1,0 +1,187 @@
+// The dialogs of the main window: bono, modem and programs, the programs'
+// file filter, and the alert sound.
+
+#include "CarpetaTemporal.h"
+#include "RespuestasDialogo.h"
+#include "ui/EditorTiempo.h"
+#include "ui/FechasQt.h"
+#include "ui/FiltroProgramas.h"
+#include "ui/SonidoAviso.h"
+#include "ui/fBono.h"
+#include "ui/fModem.h"
+#include "ui/fProgramas.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <filesystem>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+namespace {
+
+Fecha F(int a, int m, int d) {
+    return Fecha::Crear(a, m, d);
+}
+
+} // namespace
+
+TEST(DialogoBono, UnBonoNuevoIdaYVuelta) {
+    BonoGuardado inicial;
+    inicial.Alta = F(2026, 3, 20);
+    fBono d(inicial, true, F(2026, 3, 20));
+    ASSERT_EQ(d.cmbTipo->count(), 4);
+    EXPECT_EQ(d.cmbTipo->itemText(2), "10NOCHE");
+    EXPECT_EQ(d.txtTiempo->text(), "10:00:00");
+    EXPECT_FALSE(d.fecBaja->isEnabled());
+    // The kind fills in its full time.
+    d.cmbTipo->setCurrentIndex(3);
+    EXPECT_EQ(d.txtTiempo->text(), "50:00:00");
+    d.fecAlta->setDate(QDate(2026, 3, 1));
+    d.txtTiempo->setText("49:10:05");
+    const BonoGuardado r = d.Resultado();
+    EXPECT_EQ(r.Tipo, 3);
+    EXPECT_EQ(r.Alta, F(2026, 3, 1));
+    EXPECT_EQ(r.Baja, FechaVariante::Vacia());
+    EXPECT_EQ(r.tiempo, "49:10:05");
+    EXPECT_TRUE(d.Problema().isEmpty());
+
+    // Giving it up starts on today.
+    d.chkBaja->click();
+    EXPECT_TRUE(d.fecBaja->isEnabled());
+    EXPECT_EQ(d.Resultado().Baja, FechaVariante::De(F(2026, 3, 20)));
+}
+
+TEST(DialogoBono, UnBonoExistenteConservaSuTipoYSuMarcaDeBaja) {
+    const BonoGuardado nulo{1, F(2026, 1, 2), FechaVariante::Nula(), "12:00:00"};
+    fBono d(nulo, false, F(2026, 3, 20));
+    EXPECT_FALSE(d.cmbTipo->isEnabled());
+    EXPECT_EQ(d.cmbTipo->currentText(), "50DIA");
+    EXPECT_EQ(d.Resultado(), nulo); // #NULL# survives an unchanged dialog
+    d.chkBaja->click();
+    d.chkBaja->click();
+    EXPECT_EQ(d.Resultado().Baja, FechaVariante::Nula());
+
+    const BonoGuardado dado{0, F(2026, 1, 2), FechaVariante::De(F(2026, 2, 1)), "03:00:00"};
+    fBono e(dado, false, F(2026, 3, 20));
+    EXPECT_TRUE(e.chkBaja->isChecked());
+    EXPECT_EQ(e.fecBaja->date(), QDate(2026, 2, 1));
+    e.chkBaja->click(); // taken back into use
+    EXPECT_EQ(e.Resultado().Baja, FechaVariante::Vacia());
+}
+
+TEST(DialogoBono, ValoresQueNoSeAceptan) {
+    BonoGuardado inicial;
+    inicial.Alta = F(2026, 3, 20);
+    fBono d(inicial, true, F(2026, 3, 20));
+    d.txtTiempo->setText("10:00:01");
+    EXPECT_FALSE(d.Problema().isEmpty());
+    d.txtTiempo->setText("9:5");
+    EXPECT_FALSE(d.Problema().isEmpty());
+    d.txtTiempo->setText("09:59:00");
+    d.chkBaja->click();
+    d.fecBaja->setDate(QDate(2026, 3, 19));
+    EXPECT_EQ(d.Problema(), "La fecha de baja no puede ser anterior a la de alta.");
+
+    // "&Aceptar" tells the user and keeps the dialog open.
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    d.show();
+    d.cmdAceptar->click();
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_TRUE(d.isVisible());
+    EXPECT_EQ(d.result(), 0);
+    d.fecBaja->setDate(QDate(2026, 3, 21));
+    d.cmdAceptar->click();
+    EXPECT_EQ(d.result(), QDialog::Accepted);
+}
+
+TEST(DialogoModem, EligeConAceptarOConDobleClic) {
+    fModem d({"Interno", "USB", "Bluetooth"});
+    EXPECT_EQ(d.windowTitle(), "Seleccione un modem");
+    EXPECT_EQ(d.Label1->text(), "De los siguientes modems instalados en su sistema, cual desea "
+                                "que use el programa:");
+    EXPECT_EQ(d.OKButton->text(), "&Aceptar");
+    EXPECT_EQ(d.Elegido(), 0);
+    d.List1->setCurrentRow(2);
+    emit d.List1->itemDoubleClicked(d.List1->item(2));
+    EXPECT_EQ(d.result(), QDialog::Accepted);
+    EXPECT_EQ(d.Elegido(), 2);
+}
+
+TEST(DialogoProgramas, EditaLaListaYLaDevuelveAlCerrar) {
+    std::vector<std::string> programas = {"/usr/bin/firefox", "/usr/bin/thunderbird"};
+    {
+        fProgramas d(programas);
+        EXPECT_EQ(d.windowTitle(), "Programas a cargar al conectar...");
+        ASSERT_EQ(d.listPro->count(), 2);
+        EXPECT_EQ(d.listPro->currentRow(), 0);
+        QString siguiente;
+        d.ElegirArchivo = [&] { return siguiente; };
+        d.cmdAñadir->click(); // cancelled: nothing added
+        EXPECT_EQ(d.listPro->count(), 2);
+        siguiente = "/usr/bin/firefox"; // duplicates are allowed
+        d.cmdAñadir->click();
+        EXPECT_EQ(d.listPro->count(), 3);
+        // Edits reach the list only when the dialog closes.
+        EXPECT_EQ(programas.size(), 2u);
+        d.listPro->setCurrentRow(0);
+        d.cmdBorrar->click();
+        EXPECT_EQ(d.listPro->count(), 2);
+        EXPECT_EQ(d.listPro->currentRow(), 0);
+        d.listPro->clearSelection();
+        d.cmdBorrar->click(); // nothing selected: nothing removed
+        EXPECT_EQ(d.listPro->count(), 2);
+        d.cmdCerrar->click();
+    }
+    EXPECT_EQ(programas, (std::vector<std::string>{"/usr/bin/thunderbird", "/usr/bin/firefox"}));
+
+    fProgramas d(programas);
+    d.cmdBorrarTodos->click();
+    d.reject(); // the close box commits as well
+    EXPECT_TRUE(programas.empty());
+}
+
+class FiltroDeProgramas : public CarpetaTemporal {};
+
+TEST_F(FiltroDeProgramas, ElFiltroDeWindowsEnElDialogoDeQt) {
+    const auto e = LeerFiltroWindows(kFiltroProgramas);
+    ASSERT_EQ(e.size(), 3u);
+    EXPECT_EQ(e[0].descripcion, "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk)");
+    EXPECT_EQ(e[0].patrones, (QStringList{"*.exe", "*.com", "*.bat", "*.lnk"}));
+    EXPECT_EQ(e[1].descripcion, "Archivos Ejecutables (*.Exe) ");
+    EXPECT_EQ(e[1].patrones, QStringList{"*.exe"});
+    EXPECT_EQ(e[2].patrones, QStringList{"*.*"});
+    const QStringList qt = FiltrosDialogo(e);
+    EXPECT_EQ(qt[0], "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk) (*)");
+
+    Escribir(dir / "SETUP.EXE", "");
+    Escribir(dir / "lanzar", "#!/bin/sh\n");
+    std::filesystem::permissions(dir / "lanzar", std::filesystem::perms::owner_all);
+    Escribir(dir / "notas.txt", "");
+    auto pasa = [&](int eleccion, const char* nombre) {
+        return PasaFiltro(e, eleccion, QFileInfo(QString::fromStdString((dir / nombre).string())));
+    };
+    EXPECT_TRUE(pasa(0, "SETUP.EXE")); // without regard to case
+    EXPECT_TRUE(pasa(1, "SETUP.EXE"));
+    EXPECT_TRUE(pasa(0, "lanzar")); // a program Linux can run
+    EXPECT_FALSE(pasa(1, "lanzar"));
+    EXPECT_FALSE(pasa(0, "notas.txt"));
+    EXPECT_TRUE(pasa(2, "notas.txt"));
+    EXPECT_TRUE(pasa(2, "lanzar")); // "*.*" is every file, dot or not
+}
+
+TEST_F(FiltroDeProgramas, UnSonidoQueFaltaONoSeEntiendeNoDiceNada) {
+    SonidoAviso sonido;
+    EXPECT_FALSE(sonido.Reproducir(""));
+    EXPECT_FALSE(sonido.Reproducir(QString::fromStdString((dir / "no-esta.wav").string())));
+    EXPECT_FALSE(sonido.Reproducir(QString::fromStdString(dir.string())));
+    Escribir(dir / "roto.wav", "esto no es un sonido");
+    EXPECT_TRUE(sonido.Reproducir(QString::fromStdString((dir / "roto.wav").string())));
+    QTest::qWait(50);
+}

@@ -1,0 +1,317 @@
+// The editing tabs: holidays, the question about re-pricing, tariffs, the
+// tariff and discount of each entry, options and BonoNet.
+
+#include "CarpetaVentana.h"
+#include "RespuestasDialogo.h"
+#include "tariff/cLlamada.h"
+#include "ui/EditorTiempo.h"
+#include "ui/FechasQt.h"
+#include "ui/TabBono.h"
+#include "ui/TabConexiones.h"
+#include "ui/TabFestivos.h"
+#include "ui/TabOpciones.h"
+#include "ui/TabResumen.h"
+#include "ui/TabTarifas.h"
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimeEdit>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+namespace {
+
+Fecha F(int a, int m, int d) {
+    return Fecha::Crear(a, m, d);
+}
+
+std::vector<Fecha> Festivos(fMain& v) {
+    return v.Datos().Ajustes.Festivos;
+}
+
+} // namespace
+
+class Pestanas : public CarpetaVentana {};
+
+TEST_F(Pestanas, ElCalendarioDeFestivos) {
+    Settings s = ValoresPorDefecto();
+    s.Festivos = {F(2026, 1, 6), F(2025, 12, 25)};
+    EscribirAjustes(s);
+    auto v = Abrir();
+    TabFestivos& t = *v->tabFestivos;
+    EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2026, 1, 6)));
+    EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2025, 12, 25)));
+    EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 1, 7)));
+
+    // A click marks a day; a second click on it leaves the list as it was.
+    emit t.FestivosCal->clicked(QDate(2026, 3, 19));
+    EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2026, 1, 6), F(2025, 12, 25), F(2026, 3, 19)}));
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+    emit t.FestivosCal->clicked(QDate(2026, 1, 6));
+    emit t.FestivosCal->clicked(QDate(2026, 1, 6));
+    EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6)}));
+    // The calendar's day type follows the list (19/03/2026 is a Thursday).
+    EXPECT_EQ(v->Datos().TipoDia(F(2026, 3, 19)), 2);
+
+    // Copying takes only this year's holidays (the clock says 2026).
+    v->Datos().RecalculoPendiente = false;
+    t.cmdCopiarAño->click();
+    EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6),
+                                                F(2027, 3, 19), F(2027, 1, 6)}));
+    EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2027, 3, 19)));
+    EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 12, 25)));
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+
+    v->Datos().RecalculoPendiente = false;
+    t.cmdBorrartodos->click();
+    EXPECT_TRUE(Festivos(*v).empty());
+    EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 3, 19)));
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+}
+
+TEST_F(Pestanas, UnVeintinueveDeFebreroSeCopiaAlUnoDeMarzo) {
+    reloj.Poner(F(2028, 6, 1));
+    Settings s = ValoresPorDefecto();
+    s.Festivos = {F(2028, 2, 29)};
+    EscribirAjustes(s);
+    auto v = Abrir();
+    v->tabFestivos->CopiarAlAñoSiguiente();
+    EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2028, 2, 29), F(2029, 3, 1)}));
+}
+
+TEST_F(Pestanas, LaPreguntaDeRecalculoSeHaceUnaVezPorCambio) {
+    auto v = Abrir();
+    RespuestasDialogo respuestas;
+    // Leaving the tab after a holiday click asks once; No does not ask again.
+    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 19));
+    respuestas.Responder(QMessageBox::No);
+    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Aviso");
+    EXPECT_EQ(respuestas.Vistas()[0].texto,
+              "Ha modificado datos que afectan a los calculos\ndel registro de llamadas.\n"
+              "¿Desea recalcular todas las llamadas con los parametro actuales ?");
+    EXPECT_FALSE(v->Datos().RecalculoPendiente);
+    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+
+    // The billing controls raise it too; taxes and an entry's tariff do not.
+    v->SSTab1->setCurrentIndex(fMain::kOpciones);
+    v->tabOpciones->chkImpuestos->click();
+    v->tabOpciones->txtImpuestos->setValue(21);
+    EXPECT_FALSE(v->Datos().RecalculoPendiente);
+    v->SSTab1->setCurrentIndex(fMain::kBono);
+    v->tabBono->tsp1->setValue(20);
+    EXPECT_EQ(v->Datos().Bono.DiaFactura(), 20);
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+    respuestas.Responder(QMessageBox::No);
+    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    EXPECT_EQ(respuestas.Vistas().size(), 2u);
+    // The summary shown on the way counts days to the new billing day.
+    EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "0");
+    EXPECT_FALSE(respuestas.Pendientes());
+}
+
+TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
+    cLlamada libro(dir);
+    libro.Add();
+    libro.Valor(0, "Nombre", "Local");
+    libro.Valor(0, "Conexion.Importe", "11.72");
+    libro.Valor(0, "Conexion.Tiempo", "00:03:00");
+    libro.Valor(0, "Sabado.Normal.Importe", "2.5");
+    libro.Valor(0, "Sabado.Normal.Inicio", "08:00:00");
+    libro.Valor(0, "Sabado.Normal.Fin", "13:59:59");
+    libro.Valor(0, "Sabado.Reducida.Importe", "1.04");
+    libro.Valor(0, "Sabado.Reducida.Inicio", "14:00:00");
+    libro.Valor(0, "Sabado.Reducida.Fin", "07:59:59");
+    libro.Add();
+    libro.Valor(1, "Nombre", "Lejana");
+    libro.Save();
+    auto v = Abrir();
+    v->SSTab1->setCurrentIndex(fMain::kTarifas);
+    TabTarifas& t = *v->tabTarifas;
+    ASSERT_EQ(t.listTarifas->count(), 2);
+    EXPECT_EQ(t.listTarifas->item(0)->text(), "Local");
+    t.optSabado->click();
+    auto celda = [](QTableWidget* g, int f, int c) { return g->item(f, c)->text(); };
+    EXPECT_EQ(celda(t.gTarifas, 0, 0), "2.5");
+    EXPECT_EQ(celda(t.gTarifas, 0, 1), "08:00");
+    EXPECT_EQ(celda(t.gTarifas, 0, 2), "13:59");
+    EXPECT_EQ(celda(t.gTarifas, 1, 0), "1.04");
+    EXPECT_EQ(celda(t.gTarifas, 1, 1), "14:00");
+    EXPECT_EQ(celda(t.gTarifas, 1, 2), "07:59");
+    EXPECT_EQ(celda(t.gConexion, 0, 0), "11.72");
+    EXPECT_EQ(celda(t.gConexion, 1, 0), "00:03");
+    EXPECT_EQ(t.gTarifas->verticalHeaderItem(1)->text(), "Reducida");
+    EXPECT_EQ(t.gConexion->verticalHeaderItem(1)->text(), "Inicio");
+    EXPECT_EQ(t.gTarifas->item(0, 0)->textAlignment(), int(Qt::AlignCenter));
+    t.optSemana->click();
+    EXPECT_EQ(celda(t.gTarifas, 0, 0), ""); // the weekday was never set
+    t.listTarifas->setCurrentRow(1);
+    EXPECT_EQ(celda(t.gConexion, 0, 0), "");
+
+    // The editor changes the file; showing the tab again reads it.
+    libro.Delete(1);
+    libro.Save();
+    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    v->SSTab1->setCurrentIndex(fMain::kTarifas);
+    EXPECT_EQ(t.listTarifas->count(), 1);
+
+    // A missing editor is reported and raises nothing.
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    EXPECT_FALSE(t.AbrirEditor());
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_FALSE(v->Datos().RecalculoPendiente);
+}
+
+TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
+    Settings s = ValoresPorDefecto();
+    s.EntradasConexion = {{"Casa", "Provincial", "BonoNet"},
+                          {"Trabajo", "Metropolitana", "Ninguno"}};
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    auto v = Abrir();
+    TabConexiones& t = *v->tabConexiones;
+    EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
+    EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
+    ASSERT_EQ(t.cmbDescuento->count(), 2);
+    EXPECT_EQ(t.cmbDescuento->itemText(0), "Ninguno");
+
+    t.listaConexiones2->setCurrentRow(1);
+    EXPECT_EQ(t.cmbTarifa->currentText(), "Metropolitana");
+    const int infovia = t.cmbTarifa->findText("Infovia");
+    ASSERT_GE(infovia, 0);
+    t.cmbTarifa->setCurrentIndex(infovia);
+    emit t.cmbTarifa->activated(infovia);
+    t.cmbDescuento->setCurrentIndex(1);
+    emit t.cmbDescuento->activated(1);
+    EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
+              (EntradaConexion{"Trabajo", "Infovia", "BonoNet"}));
+    EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[0].Tarifa, "Provincial");
+    EXPECT_FALSE(v->Datos().RecalculoPendiente);
+    EXPECT_EQ(t.Buscar("trabajo"), -1);
+}
+
+TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
+    Settings s = ValoresPorDefecto();
+    s.ImporteAviso = "1500";
+    s.TiempoAviso.Valor("0:75:00");
+    s.Impuestos = 15.6F;
+    EscribirAjustes(s);
+    auto v = Abrir();
+    TabOpciones& t = *v->tabOpciones;
+    EXPECT_EQ(t.txtImporte->text(), "1.500");
+    EXPECT_EQ(t.tiempo1->text(), "01:15:00");
+    EXPECT_EQ(t.txtImpuestos->value(), 16);
+    EXPECT_TRUE(t.Check7->isChecked());
+    EXPECT_EQ(t.Check7->text(), "Cargar al iniciar Windows.");
+    EXPECT_EQ(t.chkImpuestos->text(), "Añadir impuestos a los calculos.");
+
+    // Showing the settings changes none of them.
+    EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "1500");
+    EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 15.6F);
+
+    v->Datos().AvisosArmados.tiempo = false;
+    t.Check3->click();
+    EXPECT_TRUE(v->Datos().Ajustes.AvisoTiempo);
+    EXPECT_TRUE(v->Datos().AvisosArmados.tiempo);
+    t.Check11->click();
+    EXPECT_TRUE(v->Datos().VentanasInvisibles);
+    t.txtImporte->clear();
+    QTest::keyClicks(t.txtImporte, "2.500");
+    EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500");
+    t.tiempo2->clear();
+    QTest::keyClicks(t.tiempo2, "05:30:00");
+    EXPECT_EQ(v->Datos().Ajustes.BonoAviso.Valor(), "05:30:00");
+    t.txtImpuestos->setValue(21);
+    EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 21.0F);
+
+    // What the window holds reaches the file at the end, and comes back
+    // except "Ventanas Conexion invisibles".
+    ASSERT_TRUE(v->Terminar());
+    auto otra = Abrir();
+    EXPECT_TRUE(otra->tabOpciones->Check3->isChecked());
+    EXPECT_FALSE(otra->tabOpciones->Check11->isChecked());
+    EXPECT_EQ(otra->tabOpciones->txtImporte->text(), "2.500");
+}
+
+TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
+    auto v = Abrir();
+    TabBono& t = *v->tabBono;
+    std::vector<std::pair<BonoGuardado, bool>> pedidos;
+    std::optional<BonoGuardado> respuesta;
+    t.PedirBono = [&](const BonoGuardado& inicial, bool nuevo) {
+        pedidos.push_back({inicial, nuevo});
+        return respuesta;
+    };
+
+    // Take-up: the dialog starts on today; a cancel adds nothing.
+    t.cmdAlta->click();
+    ASSERT_EQ(pedidos.size(), 1u);
+    EXPECT_TRUE(pedidos[0].second);
+    EXPECT_EQ(pedidos[0].first.Alta, F(2026, 3, 20));
+    EXPECT_EQ(v->Datos().Bono.Count(), 0);
+    respuesta = BonoGuardado{3, F(2026, 3, 2), FechaVariante::Vacia(), "50:00:00"};
+    t.cmdAlta->click();
+    respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"};
+    t.cmdAlta->click();
+    ASSERT_EQ(v->Datos().Bono.Count(), 2);
+    EXPECT_EQ(t.gBono->rowCount(), 2);
+    EXPECT_EQ(t.gBono->item(0, 0)->text(), "50NOCHE");
+    EXPECT_EQ(t.gBono->item(1, 1)->text(), "05/03/2026");
+    EXPECT_EQ(t.gBono->item(1, 3)->text(), "07:30:00");
+    EXPECT_EQ(t.lTipos[0]->text(), "1 bono(s), quedan 07:30:00");
+
+    // The summary shows the group chosen on tabBono.
+    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "07:30:00");
+    EXPECT_EQ(v->tabResumen->lBonoGastado->text(), "02:30:00");
+    t.tabBono->setCurrentIndex(1);
+    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "50:00:00");
+
+    // Change the second bundle: it is given up.
+    t.gBono->selectRow(1);
+    respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::De(F(2026, 3, 18)), "07:00:00"};
+    t.cmdModificar->click();
+    EXPECT_FALSE(pedidos.back().second);
+    EXPECT_EQ(pedidos.back().first.tiempo, "07:30:00");
+    EXPECT_EQ(v->Datos().Bono.Baja(1), FechaVariante::De(F(2026, 3, 18)));
+    EXPECT_EQ(t.gBono->item(1, 2)->text(), "18/03/2026");
+
+    // Removing the first keeps the second as it was.
+    RespuestasDialogo respuestas;
+    t.gBono->selectRow(0);
+    respuestas.Responder(QMessageBox::Yes);
+    t.cmdEliminar->click();
+    ASSERT_EQ(v->Datos().Bono.Count(), 1);
+    EXPECT_EQ(v->Datos().Bono.Nombre(0), "10DIA");
+    EXPECT_EQ(v->Datos().Bono.tiempo(0), "07:00:00");
+    EXPECT_EQ(v->Datos().Bono.Baja(0), FechaVariante::De(F(2026, 3, 18)));
+    respuestas.Responder(QMessageBox::No);
+    t.cmdLimpiar->click();
+    EXPECT_EQ(v->Datos().Bono.Count(), 1);
+    respuestas.Responder(QMessageBox::Yes);
+    t.cmdLimpiar->click();
+    EXPECT_EQ(v->Datos().Bono.Count(), 0);
+    EXPECT_FALSE(t.cmdLimpiar->isEnabled());
+
+    // The interval choice reaches the ledger and the billing period.
+    t.cmbFac->setCurrentIndex(2);
+    emit t.cmbFac->activated(2);
+    EXPECT_EQ(v->Datos().Bono.perFactura(), 2);
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+}

@@ -1,0 +1,226 @@
+// The main window's load sequence on a prepared data folder, what closing
+// and ending do to the user's files, dial-up entries and modems.
+
+#include "CarpetaVentana.h"
+#include "RespuestasDialogo.h"
+#include "ui/Avisos.h"
+#include "ui/ModeloRegistro.h"
+#include "ui/PanelConexion.h"
+#include "ui/TabConexiones.h"
+#include "ui/TabOpciones.h"
+#include "ui/TabRegistro.h"
+#include "ui/TabResumen.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTableView>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+namespace {
+
+Fecha F(int a, int m, int d) {
+    return Fecha::Crear(a, m, d);
+}
+
+QString Texto(const QLabel* l) {
+    return l->text();
+}
+
+} // namespace
+
+class Ventana : public CarpetaVentana {
+protected:
+    // Billing monthly from day 15, taxes of 16 % added; the period the
+    // window shows on 20/03/2026 runs from 06/03 (see the billing walk).
+    Settings AjustesCon() {
+        Settings s = ValoresPorDefecto();
+        s.DiaFactura = 15;
+        s.perFactura = 0;
+        s.AnadirImpuestos = true;
+        s.Impuestos = 16.0F;
+        s.EntradasConexion = {{"Casa", "Metropolitana", "BonoNet"}};
+        s.Festivos = {F(2026, 3, 19)};
+        return s;
+    }
+};
+
+TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
+    EscribirRegistro(Llamada(F(2026, 1, 5), 10, "00:10:00", "40") +
+                     Llamada(F(2026, 3, 1), 10, "00:20:00", "55") +
+                     Llamada(F(2026, 3, 10), 18, "01:00:00", "100") +
+                     Llamada(F(2026, 3, 12), 9, "00:05:30", "7.5") +
+                     Llamada(F(2026, 3, 20), 11, "00:00:40", "0,5"));
+    EscribirAjustes(AjustesCon());
+    plataforma.sistema->entradas = {"Casa"};
+    auto v = Abrir();
+
+    EXPECT_EQ(v->Datos().InicioPeriodo, F(2026, 3, 6));
+    EXPECT_EQ(v->Datos().FinPeriodo, F(2026, 3, 20));
+    const ModeloRegistro& modelo = v->tabRegistro->Modelo();
+    ASSERT_EQ(modelo.rowCount(), 3);
+    EXPECT_EQ(modelo.index(0, 0).data().toString(), "10/03/2026");
+    EXPECT_EQ(modelo.index(0, 1).data().toString(), "18:00:00");
+    EXPECT_EQ(modelo.index(0, 3).data().toString(), "116"); // 100 con el 16 %
+    EXPECT_EQ(modelo.index(1, 3).data().toString(), "9");   // 8,70
+    EXPECT_EQ(modelo.index(2, 3).data().toString(), "1");   // "0,5" escrito con coma
+    EXPECT_EQ(modelo.headerData(9, Qt::Horizontal).toString(), "Kbs Enviados");
+    EXPECT_EQ(modelo.index(0, 3).data(Qt::TextAlignmentRole).toInt(),
+              int(Qt::AlignRight | Qt::AlignVCenter));
+    EXPECT_EQ(modelo.index(0, 4).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
+
+    EXPECT_EQ(Texto(v->tabRegistro->lPeriodo2), "06/03/2026 - 20/03/2026");
+    EXPECT_EQ(Texto(v->tabRegistro->Label4), "3");
+    EXPECT_EQ(Texto(v->tabRegistro->lDuracionReg), "01:06:10");
+    EXPECT_EQ(Texto(v->tabRegistro->lGastoReg), "126 ");
+
+    // The summary is tab 0, shown at load.
+    EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kResumen);
+    EXPECT_EQ(Texto(v->tabResumen->lPeriodo), "06/03/2026 - 20/03/2026");
+    EXPECT_EQ(Texto(v->tabResumen->lTiempoPer), "01:06:10");
+    EXPECT_EQ(Texto(v->tabResumen->lGastoPer), "126 ");
+    EXPECT_EQ(Texto(v->tabResumen->lLlamadas), "3");
+    EXPECT_EQ(Texto(v->tabResumen->lDiasQuedanBono), "26"); // hasta el 15/04
+
+    // Modem, start at login, tools' view of the grid.
+    EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
+    EXPECT_TRUE(plataforma.carga->Activada());
+    const auto filas = v->FilasVisibles();
+    ASSERT_EQ(filas.size(), 3u);
+    EXPECT_EQ(filas[2][0], "20/03/2026");
+    EXPECT_FALSE(v->Datos().RecalculoPendiente);
+    // Nothing is written at load.
+    EXPECT_EQ(Leer(dir / "Varibles.Dat"), EscribirTextoVariables(AjustesCon()));
+    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
+}
+
+TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
+    plataforma.carga->Desactivar();
+    auto v = Abrir();
+    // The register file is created empty; the settings are the defaults.
+    EXPECT_TRUE(Existe(dir / "RegDat.log"));
+    EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
+    EXPECT_TRUE(plataforma.carga->Activada()); // "Cargar al iniciar" viene marcado
+    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 0);
+    EXPECT_EQ(Texto(v->tabRegistro->Label4), "0");
+    EXPECT_EQ(Texto(v->tabRegistro->lDuracionReg), "");
+    EXPECT_EQ(Texto(v->tabRegistro->lGastoReg), " ");
+    EXPECT_EQ(Texto(v->tabResumen->lPeriodo), "20/03/2026 - 20/03/2026");
+    ASSERT_EQ(v->tabConexiones->listaConexiones2->count(), 1);
+    EXPECT_EQ(v->tabConexiones->listaConexiones2->item(0)->text(),
+              "No hay conexiones disponibles.");
+    EXPECT_FALSE(v->tabConexiones->cmbTarifa->isEnabled());
+}
+
+TEST_F(Ventana, ElCierreNoEscribeNadaYTerminarGuardaRegistroYAjustes) {
+    EscribirRegistro(Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
+    auto v = Abrir();
+    v->show();
+    v->close();
+    QApplication::processEvents();
+    // Without a tray (offscreen) the close box minimises; nothing is written.
+    EXPECT_TRUE(v->isMinimized() || !v->isVisible());
+    EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
+    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
+
+    v->tabOpciones->Check8->click();
+    EXPECT_TRUE(v->Datos().Ajustes.ColorSegunTarifa);
+    EXPECT_TRUE(v->Terminar());
+    const LecturaVariables leido = LeerVariables(dir / "Varibles.Dat");
+    EXPECT_FALSE(leido.dañado);
+    EXPECT_TRUE(leido.valores.ColorSegunTarifa);
+    // The register had no change to save, so its backup keeps what it held.
+    EXPECT_EQ(Leer(dir / "RegDat.log"), Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
+}
+
+TEST_F(Ventana, UnRegistroIlegibleNoSeSobrescribe) {
+    // 32,768 calls cannot be handled: the load is refused and the file kept.
+    const std::string una = Llamada(F(2026, 3, 10), 18, "00:01:00", "1");
+    std::string muchas;
+    for (int i = 0; i < 32768; ++i) {
+        muchas += una;
+    }
+    EscribirRegistro(muchas);
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    auto v = Abrir();
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 0);
+    v->RegistroCambiado();
+    EXPECT_TRUE(v->Terminar());
+    EXPECT_EQ(Leer(dir / "RegDat.log").size(), muchas.size());
+    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
+}
+
+TEST_F(Ventana, ConexionesNuevasDelSistema) {
+    Settings s = AjustesCon();
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    auto v = Abrir();
+    // Appended with the default tariff and discount; tab 1 is shown.
+    ASSERT_EQ(v->Datos().Ajustes.EntradasConexion.size(), 2u);
+    EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
+              (EntradaConexion{"Trabajo", "Metropolitana", "Ninguno"}));
+    EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kConexiones);
+    EXPECT_EQ(v->panel->listaConexiones->count(), 2);
+
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    v->AlActivar();
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Detectada conexion nueva");
+    EXPECT_EQ(respuestas.Vistas()[0].texto,
+              "Hay conexiones nuevas en el sistema.\nSe inicializaran con los valores por "
+              "defecto.\nSe aconseja cambiarlos por los correctos.");
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+    // A later activation with the same entries says nothing; a new entry does.
+    v->AlActivar();
+    plataforma.sistema->entradas.push_back("Movil");
+    respuestas.Responder(QMessageBox::Ok);
+    v->AlActivar();
+    EXPECT_EQ(respuestas.Vistas().size(), 2u);
+    EXPECT_FALSE(respuestas.Pendientes());
+
+    // A double click on an entry dials it.
+    v->panel->listaConexiones->setCurrentRow(1);
+    emit v->panel->listaConexiones->itemDoubleClicked(v->panel->listaConexiones->item(1));
+    EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
+}
+
+TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
+    plataforma.sistema->modems = {{"ttyS0", "Interno", dir / "a.txt"},
+                                  {"ttyUSB0", "USB", dir / "b.txt"}};
+    int preguntas = 0;
+    auto abrir = [&] {
+        EntornoVentana e;
+        e.carpetaDatos = dir;
+        e.plataforma = plataforma.Crear();
+        e.reloj = &reloj;
+        auto v = std::make_unique<fMain>(e);
+        v->ElegirModem = [&](const QStringList& modelos) {
+            ++preguntas;
+            EXPECT_EQ(modelos, (QStringList{"Interno", "USB"}));
+            return 1;
+        };
+        v->Cargar();
+        return v;
+    };
+    EXPECT_EQ(abrir()->Datos().Registro.NombreLog(), (dir / "b.txt").string());
+    EXPECT_EQ(abrir()->Datos().Registro.NombreLog(), (dir / "b.txt").string());
+    EXPECT_EQ(preguntas, 1);
+
+    // No modem: the user is told, and the system's log is read.
+    plataforma.sistema->modems.clear();
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    auto v = Abrir();
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Atencion");
+    EXPECT_EQ(respuestas.Vistas()[0].texto,
+              "No tiene ningun modem instalado\nInstale uno y vuelva a ejecutar el programa");
+    EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "sinmodem.txt").string());
+}
