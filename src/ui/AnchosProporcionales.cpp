@@ -47,20 +47,47 @@ int AnchosProporcionales::Minimo(int columna) const {
 }
 
 void AnchosProporcionales::Aplicar() {
-    const int total = std::accumulate(twips_.begin(), twips_.end(), 0);
-    double porTwip = Pixeles(tabla_, 1000) / 1000.0;
-    if (llenar_ && total > 0) {
-        porTwip = std::max(porTwip, tabla_->viewport()->width() / static_cast<double>(total));
+    const std::size_t n = twips_.size();
+    std::vector<int> minimos(n);
+    for (std::size_t c = 0; c < n; ++c) {
+        minimos[c] = Minimo(static_cast<int>(c));
     }
-    int usado = 0;
-    for (std::size_t c = 0; c < twips_.size(); ++c) {
-        int ancho = std::max(Minimo(static_cast<int>(c)), static_cast<int>(twips_[c] * porTwip));
-        // The last column of a filled grid takes what rounding left over.
-        if (llenar_ && c + 1 == twips_.size()) {
-            ancho = std::max(ancho, tabla_->viewport()->width() - usado);
+    std::vector<int> anchos(n);
+    if (!llenar_) {
+        for (std::size_t c = 0; c < n; ++c) {
+            anchos[c] = std::max(minimos[c], Pixeles(tabla_, twips_[c]));
         }
-        tabla_->setColumnWidth(static_cast<int>(c), ancho);
-        usado += ancho;
+    } else {
+        // Share the visible width in the designed proportions; a column
+        // whose share is narrower than its text keeps its text's width and
+        // the rest is shared again among the others.
+        std::vector<bool> fijo(n, false);
+        for (bool cambio = true; cambio;) {
+            cambio = false;
+            int libre = tabla_->viewport()->width();
+            int twipsLibres = 0;
+            for (std::size_t c = 0; c < n; ++c) {
+                if (fijo[c]) {
+                    libre -= minimos[c];
+                } else {
+                    twipsLibres += twips_[c];
+                }
+            }
+            for (std::size_t c = 0; c < n; ++c) {
+                if (fijo[c]) {
+                    anchos[c] = minimos[c];
+                    continue;
+                }
+                anchos[c] = twipsLibres > 0 ? libre * twips_[c] / twipsLibres : minimos[c];
+                if (anchos[c] < minimos[c]) {
+                    fijo[c] = true;
+                    cambio = true;
+                }
+            }
+        }
+    }
+    for (std::size_t c = 0; c < n; ++c) {
+        tabla_->setColumnWidth(static_cast<int>(c), anchos[c]);
     }
 }
 

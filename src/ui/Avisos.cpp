@@ -2,27 +2,47 @@
 
 #include "core/Errores.h"
 
+#include <QGuiApplication>
+#include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <algorithm>
 
 namespace vorimesk::avisos {
 
-QMessageBox::StandardButton Caja(QWidget* padre, QMessageBox::Icon icono, const QString& titulo,
-                                 const QString& texto, QMessageBox::StandardButtons botones) {
+std::unique_ptr<QMessageBox> CrearCaja(QWidget* padre, QMessageBox::Icon icono,
+                                       const QString& titulo, const QString& texto,
+                                       QMessageBox::StandardButtons botones) {
     // The texts keep their CR or CR LF line ends; a label breaks lines at LF.
     QString lineas = texto;
     lineas.replace("\r\n", "\n").replace('\r', '\n');
-    QMessageBox caja(icono, titulo, lineas, botones, padre);
+    auto caja = std::make_unique<QMessageBox>(icono, titulo, lineas, botones, padre);
     // Spanish captions whatever the desktop's language.
-    if (QAbstractButton* si = caja.button(QMessageBox::Yes)) {
-        si->setText("&Si");
+    const std::pair<QMessageBox::StandardButton, const char*> nombres[] = {
+        {QMessageBox::Yes, "&Si"}, {QMessageBox::No, "&No"}, {QMessageBox::Ok, "&Aceptar"}};
+    for (const auto& [boton, nombre] : nombres) {
+        if (QAbstractButton* b = caja->button(boton)) {
+            b->setText(nombre);
+        }
     }
-    if (QAbstractButton* no = caja.button(QMessageBox::No)) {
-        no->setText("&No");
+    if (auto* etiqueta = caja->findChild<QLabel*>("qt_msgbox_label")) {
+        int ancho = 0;
+        for (const QString& linea : lineas.split('\n')) {
+            ancho = std::max(ancho, etiqueta->fontMetrics().horizontalAdvance(linea));
+        }
+        const QScreen* pantalla =
+            padre != nullptr ? padre->screen() : QGuiApplication::primaryScreen();
+        const int limite =
+            pantalla != nullptr ? pantalla->availableGeometry().width() * 3 / 4 : ancho;
+        etiqueta->setMinimumWidth(std::min(ancho + 2, limite));
     }
-    if (QAbstractButton* aceptar = caja.button(QMessageBox::Ok)) {
-        aceptar->setText("&Aceptar");
-    }
-    return static_cast<QMessageBox::StandardButton>(caja.exec());
+    return caja;
+}
+
+QMessageBox::StandardButton Caja(QWidget* padre, QMessageBox::Icon icono, const QString& titulo,
+                                 const QString& texto, QMessageBox::StandardButtons botones) {
+    return static_cast<QMessageBox::StandardButton>(
+        CrearCaja(padre, icono, titulo, texto, botones)->exec());
 }
 
 bool PreguntarRecalculo(QWidget* padre) {

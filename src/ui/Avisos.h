@@ -4,6 +4,7 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <memory>
 
 namespace vorimesk {
 
@@ -31,6 +32,11 @@ void SinModem(QWidget* padre);
 // A failure that reached an event of the window, in Spanish.
 void MostrarError(QWidget* padre, const Error& error);
 void MostrarError(QWidget* padre, const QString& texto);
+// The box itself, not yet shown, with Spanish button captions and its lines
+// kept whole as far as the screen allows.
+std::unique_ptr<QMessageBox> CrearCaja(QWidget* padre, QMessageBox::Icon icono,
+                                       const QString& titulo, const QString& texto,
+                                       QMessageBox::StandardButtons botones);
 // Any other modal box of the window.
 QMessageBox::StandardButton Caja(QWidget* padre, QMessageBox::Icon icono, const QString& titulo,
                                  const QString& texto,

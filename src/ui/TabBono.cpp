@@ -95,6 +95,7 @@ TabBono::TabBono(DatosVentana& datos, QWidget* padre) : QWidget(padre), datos_(d
     connect(tsp1, &QSpinBox::valueChanged, this, &TabBono::CambioDia);
     connect(cmbFac, &QComboBox::activated, this, &TabBono::CambioIntervalo);
     auto* factura = new QFormLayout(marcoFactura);
+    factura->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     factura->addRow("Comienza cada dia", tsp1);
     factura->addRow("Intervalos  de Factura:", cmbFac);
 

@@ -16,6 +16,7 @@ TabFestivos::TabFestivos(DatosVentana& datos, QWidget* padre) : QWidget(padre), 
     auto* marco = new QGroupBox("Festivos", this);
     FestivosCal = new QCalendarWidget(marco);
     FestivosCal->setObjectName("FestivosCal");
+    FestivosCal->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
     FestivosCal->setFirstDayOfWeek(Qt::Monday);
     FestivosCal->setGridVisible(true);
     FestivosCal->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);

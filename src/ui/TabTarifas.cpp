@@ -31,14 +31,14 @@ void AjustarAlContenido(QTableWidget* t) {
     for (int c = 0; c < t->columnCount(); ++c) {
         ancho += t->columnWidth(c);
     }
-    if (t->verticalHeader()->isVisible()) {
+    if (!t->verticalHeader()->isHidden()) {
         ancho += t->verticalHeader()->width();
     }
     int alto = 2 * t->frameWidth();
     for (int f = 0; f < t->rowCount(); ++f) {
         alto += t->rowHeight(f);
     }
-    if (t->horizontalHeader()->isVisible()) {
+    if (!t->horizontalHeader()->isHidden()) {
         alto += t->horizontalHeader()->sizeHint().height();
     }
     t->setFixedSize(ancho, alto);
@@ -126,9 +126,11 @@ TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaProgram
     auto* marcoFranjas = new QGroupBox("Franjas", this);
     auto* franjas = new QVBoxLayout(marcoFranjas);
     franjas->addWidget(gTarifas);
+    franjas->addStretch();
     auto* marcoConexion = new QGroupBox("Establecimiento de llamada", this);
     auto* conexion = new QVBoxLayout(marcoConexion);
     conexion->addWidget(gConexion);
+    conexion->addStretch();
 
     auto* derecha = new QVBoxLayout;
     derecha->addWidget(marcoDia);

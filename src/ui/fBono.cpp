@@ -24,6 +24,7 @@ QDateEdit* EditorFecha(QWidget* padre) {
     auto* f = new QDateEdit(padre);
     f->setDisplayFormat("dd/MM/yyyy");
     f->setCalendarPopup(true);
+    f->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
     return f;
 }
 
@@ -64,14 +65,11 @@ fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     connect(cmbTipo, &QComboBox::currentIndexChanged, this, &fBono::CambioTipo);
     connect(chkBaja, &QCheckBox::toggled, this, &fBono::CambioBaja);
 
-    auto* filaBaja = new QHBoxLayout;
-    filaBaja->addWidget(fecBaja);
-    filaBaja->addWidget(chkBaja);
-    filaBaja->addStretch();
     auto* campos = new QFormLayout;
     campos->addRow("&Tipo:", cmbTipo);
     campos->addRow("A&lta:", fecAlta);
-    campos->addRow("&Baja:", filaBaja);
+    campos->addRow(QString(), chkBaja);
+    campos->addRow("&Baja:", fecBaja);
     campos->addRow("Tiempo &restante:", txtTiempo);
     auto* botones = new QHBoxLayout;
     botones->addStretch();

@@ -82,19 +82,7 @@ void PrepararDatos(const std::filesystem::path& dir) {
 
 std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
                                   const QString& texto, QMessageBox::StandardButtons botones) {
-    QString lineas = texto;
-    lineas.replace("\r\n", "\n").replace('\r', '\n');
-    auto caja = std::make_unique<QMessageBox>(icono, titulo, lineas, botones);
-    if (auto* si = caja->button(QMessageBox::Yes)) {
-        si->setText("&Si");
-    }
-    if (auto* no = caja->button(QMessageBox::No)) {
-        no->setText("&No");
-    }
-    if (auto* ok = caja->button(QMessageBox::Ok)) {
-        ok->setText("&Aceptar");
-    }
-    return caja;
+    return avisos::CrearCaja(nullptr, icono, titulo, texto, botones);
 }
 
 bool Guardar(QWidget* w, const QString& ruta) {
