@@ -6,6 +6,7 @@
 #include "ui/Avisos.h"
 #include "ui/ModeloRegistro.h"
 #include "ui/PanelConexion.h"
+#include "ui/SenalesTerminar.h"
 #include "ui/TabConexiones.h"
 #include "ui/TabOpciones.h"
 #include "ui/TabRegistro.h"
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QTabWidget>
 #include <QTableView>
+#include <csignal>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -223,4 +225,21 @@ TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "No tiene ningun modem instalado\nInstale uno y vuelva a ejecutar el programa");
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "sinmodem.txt").string());
+}
+
+TEST_F(Ventana, AlAcabarLaSesionSeGuardanLosAjustes) {
+    auto v = Abrir();
+    v->tabOpciones->Check9->click();
+    SenalesTerminar senales;
+    int recibida = 0;
+    QObject::connect(&senales, &SenalesTerminar::Terminar, v.get(), [&](int senal) {
+        recibida = senal;
+        v->TerminarSesion();
+    });
+    std::raise(SIGTERM);
+    for (int i = 0; i < 50 && recibida == 0; ++i) {
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    EXPECT_EQ(recibida, SIGTERM);
+    EXPECT_TRUE(LeerVariables(dir / "Varibles.Dat").valores.MiniAlConectar);
 }
