@@ -29,18 +29,25 @@ struct Argumentos {
     std::string error;
 };
 
-Argumentos Leer(const QStringList& args) {
+// Read before Qt starts, so --help works without a display. Qt's own
+// options (-platform, ...) are left to it.
+Argumentos Leer(int argc, char** argv) {
     Argumentos a;
-    for (int i = 1; i < args.size(); ++i) {
-        const QString& arg = args[i];
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
         if (arg == "-h" || arg == "--help") {
             a.ayuda = true;
-        } else if (arg == "--datos" && i + 1 < args.size()) {
-            a.datos = args[++i].toStdString();
-        } else if (arg.startsWith("--datos=")) {
-            a.datos = arg.mid(8).toStdString();
-        } else {
-            a.error = "argumento no esperado: " + arg.toStdString();
+        } else if (arg == "--datos" && i + 1 < argc) {
+            a.datos = argv[++i];
+        } else if (arg.starts_with("--datos=")) {
+            a.datos = arg.substr(8);
+        } else if (arg == "--datos") {
+            a.error = "falta la carpeta de --datos";
+        } else if (arg == "-platform" || arg == "-style" || arg == "-display" ||
+                   arg == "-geometry" || arg == "-stylesheet") {
+            ++i; // Qt's, with its value
+        } else if (!arg.starts_with("-")) {
+            a.error = "argumento no esperado: " + arg;
         }
     }
     return a;
@@ -49,20 +56,20 @@ Argumentos Leer(const QStringList& args) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setApplicationName("pelmorad");
-    QApplication::setWindowIcon(vorimesk::IconoPrograma());
-    QTranslator qt;
-    if (qt.load(QLocale("es"), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QApplication::installTranslator(&qt);
-    }
-    const Argumentos args = Leer(QApplication::arguments());
+    const Argumentos args = Leer(argc, argv);
     if (args.ayuda || !args.error.empty()) {
         if (!args.error.empty()) {
             std::fprintf(stderr, "pelmorad: %s\n", args.error.c_str());
         }
         std::fputs(kAyuda, args.ayuda ? stdout : stderr);
         return args.ayuda ? 0 : 2;
+    }
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("pelmorad");
+    QApplication::setWindowIcon(vorimesk::IconoPrograma());
+    QTranslator qt;
+    if (qt.load(QLocale("es"), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&qt);
     }
     std::filesystem::path carpeta;
     try {

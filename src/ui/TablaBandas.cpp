@@ -54,7 +54,8 @@ QTimeEdit* TablaBandas::NuevaHora(const std::string& clave) {
     t->setWrapping(true);
     t->setAccessibleName(QString::fromStdString(clave));
     t->setToolTip("Las franjas incluyen su ultimo segundo: una franja hasta las 17:59:59 "
-                  "acaba justo antes de las 18:00:00.");
+                  "acaba justo antes de las 18:00:00. Con el mismo inicio y fin, la franja "
+                  "queda vacia.");
     connect(t, &QTimeEdit::timeChanged, this, [this, clave](const QTime& h) {
         emit Cambiado(QString::fromStdString(clave), h.toString(kFormatoHora));
     });

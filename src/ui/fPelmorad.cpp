@@ -191,7 +191,7 @@ void fPelmorad::Cargar() {
     }
     Sustituir(LibroEditable::DesdeLibro(libro), 0);
     setWindowModified(false);
-    statusBar()->showMessage(QString::fromStdString(libro.Ruta().string()));
+    statusBar()->showMessage("Libro de tarifas: " + QString::fromStdString(libro.Ruta().string()));
 }
 
 void fPelmorad::Sustituir(LibroEditable libro, int seleccion) {
