@@ -1,6 +1,7 @@
 #include "fPelmorad.h"
 
 #include "Iconos.h"
+#include "Mensajes.h"
 #include "PanelTarifa.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
@@ -14,14 +15,12 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
-#include <memory>
 
 namespace vorimesk {
 namespace {
@@ -40,31 +39,6 @@ QString Lista(const std::vector<Problema>& problemas) {
 
 QString NombreEnLista(const TarifaEditable& t) {
     return t.Nombre().empty() ? QString("(sin nombre)") : QString::fromStdString(t.Nombre());
-}
-
-// Button texts are set here: the program may run without Qt's own
-// translations.
-std::unique_ptr<QMessageBox> Caja(QWidget* padre, QMessageBox::Icon icono, const QString& texto,
-                                  const QString& detalle = {}) {
-    auto caja =
-        std::make_unique<QMessageBox>(icono, "Pelmorad", texto, QMessageBox::NoButton, padre);
-    caja->setInformativeText(detalle);
-    return caja;
-}
-
-void Avisar(QWidget* padre, QMessageBox::Icon icono, const QString& texto,
-            const QString& detalle = {}) {
-    auto caja = Caja(padre, icono, texto, detalle);
-    caja->addButton("Aceptar", QMessageBox::AcceptRole);
-    caja->exec();
-}
-
-bool Confirmar(QWidget* padre, const QString& texto, const QString& detalle, const QString& si) {
-    auto caja = Caja(padre, QMessageBox::Question, texto, detalle);
-    QPushButton* aceptar = caja->addButton(si, QMessageBox::AcceptRole);
-    caja->setDefaultButton(caja->addButton("Cancelar", QMessageBox::RejectRole));
-    caja->exec();
-    return caja->clickedButton() == aceptar;
 }
 
 QString RutaDeDialogo(QWidget* padre, bool guardar) {
@@ -457,14 +431,9 @@ void fPelmorad::closeEvent(QCloseEvent* e) {
         e->accept();
         return;
     }
-    auto caja = Caja(this, QMessageBox::Question,
-                     "Hay cambios sin guardar en las tarifas. ¿Guardarlos antes de salir?");
-    QPushButton* guardar = caja->addButton("&Guardar", QMessageBox::AcceptRole);
-    QPushButton* descartar = caja->addButton("&Descartar", QMessageBox::DestructiveRole);
-    caja->setDefaultButton(caja->addButton("Cancelar", QMessageBox::RejectRole));
-    caja->exec();
-    const bool salir =
-        caja->clickedButton() == descartar || (caja->clickedButton() == guardar && Guardar());
+    const AlCerrar r = PreguntarAlCerrar(
+        this, "Hay cambios sin guardar en las tarifas. ¿Guardarlos antes de salir?");
+    const bool salir = r == AlCerrar::Descartar || (r == AlCerrar::Guardar && Guardar());
     salir ? e->accept() : e->ignore();
 }
 
