@@ -2,11 +2,18 @@
 // for a person to look at (make screenshots; also at 200% with
 // QT_SCALE_FACTOR=2).
 
+#include "tariff/LibroPorDefecto.h"
+#include "ui/PanelTarifa.h"
+#include "ui/TablaBandas.h"
 #include "ui/fAbout.h"
+#include "ui/fPelmorad.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QPixmap>
+#include <QTemporaryDir>
+#include <QTimeEdit>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -21,6 +28,31 @@ struct Captura {
     std::function<std::unique_ptr<QWidget>()> crear;
 };
 
+// A data folder with the shipped tariff book, alive until the program ends.
+std::filesystem::path CarpetaConLibro() {
+    static QTemporaryDir dir;
+    const std::filesystem::path ruta = dir.path().toStdString();
+    InstalarLibroPorDefecto(ruta);
+    return ruta;
+}
+
+std::unique_ptr<fPelmorad> Editor(int tarifa) {
+    auto v = std::make_unique<fPelmorad>(CarpetaConLibro());
+    v->Seleccionar(tarifa);
+    return v;
+}
+
+// The editor while the user is getting a tariff wrong: a price with a comma,
+// a Saturday with hours left out and overlapping.
+std::unique_ptr<QWidget> EditorConProblemas() {
+    auto v = Editor(2);
+    v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
+    emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
+    v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
+    v->panel->tablas[1]->tmeFin[1]->setTime(QTime(9, 0));
+    return v;
+}
+
 std::vector<Captura> Capturas() {
     return {
         {"acerca-de", [] { return std::make_unique<fAbout>(); }},
@@ -30,6 +62,8 @@ std::vector<Captura> Capturas() {
              a->ModoBanner(true);
              return a;
          }},
+        {"pelmorad", [] { return Editor(0); }},
+        {"pelmorad-problemas", [] { return EditorConProblemas(); }},
     };
 }
 
