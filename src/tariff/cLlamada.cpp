@@ -136,6 +136,10 @@ const RegistroTarifa& cLlamada::Tarifa(std::int16_t indice) const {
     return En(indice);
 }
 
+void cLlamada::Tarifa(std::int16_t indice, const RegistroTarifa& registro) {
+    En(indice) = registro;
+}
+
 ValorTarifa cLlamada::Valor(std::int16_t indice, std::string_view clave) const {
     return En(indice).Valor(clave);
 }

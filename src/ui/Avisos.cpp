@@ -1,5 +1,6 @@
 #include "Avisos.h"
 
+#include "Mensajes.h"
 #include "core/Errores.h"
 
 #include <QGuiApplication>
@@ -59,7 +60,7 @@ void SinModem(QWidget* padre) {
 }
 
 void MostrarError(QWidget* padre, const QString& texto) {
-    Caja(padre, QMessageBox::Critical, "Vorimesk", texto);
+    Avisar(padre, QMessageBox::Critical, texto);
 }
 
 void MostrarError(QWidget* padre, const Error& error) {

@@ -1,8 +1,8 @@
 #include "TabBono.h"
 
 #include "AnchosProporcionales.h"
-#include "Avisos.h"
 #include "DatosVentana.h"
+#include "Mensajes.h"
 #include "fBono.h"
 
 #include <QComboBox>
@@ -164,8 +164,7 @@ void TabBono::CambioSeleccion() {
 }
 
 bool TabBono::Confirmar(const QString& texto) {
-    return avisos::Caja(this, QMessageBox::Question, "BonoNet", texto,
-                        QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return vorimesk::Confirmar(this, texto, {}, "E&liminar");
 }
 
 void TabBono::Alta() {

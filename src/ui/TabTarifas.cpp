@@ -1,17 +1,16 @@
 #include "TabTarifas.h"
 
 #include "AnchosProporcionales.h"
-#include "Avisos.h"
 #include "DatosVentana.h"
+#include "Lanzador.h"
+#include "Mensajes.h"
 
 #include <QButtonGroup>
-#include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -203,13 +202,10 @@ void TabTarifas::MostrarValores() {
 }
 
 bool TabTarifas::AbrirEditor() {
-    const QString ruta = QString::fromStdString((carpetaPrograma_ / kEditor).string());
-    const QFileInfo programa(ruta);
-    if (!programa.isFile() || !programa.isExecutable() ||
-        !QProcess::startDetached(ruta,
-                                 {"--datos", QString::fromStdString(datos_.Carpeta.string())})) {
-        avisos::Caja(this, QMessageBox::Warning, "Editor de tarifas",
-                     "No se encuentra el editor de tarifas:\n" + ruta);
+    QString error;
+    if (!Lanzador::AbrirEditor(QString::fromStdString(datos_.Carpeta.string()), &error,
+                               QString::fromStdString(carpetaPrograma_.string()))) {
+        Avisar(this, QMessageBox::Warning, error);
         return false;
     }
     datos_.RecalculoPendiente = true;

@@ -22,9 +22,7 @@ struct DatosVentana;
 class TabTarifas : public QWidget {
     Q_OBJECT
 public:
-    static constexpr const char* kEditor = "pelmorad";
-
-    // `carpetaPrograma` holds the tariff editor.
+    // `carpetaPrograma` is where the tariff editor is looked for.
     TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma,
                QWidget* padre = nullptr);
 

@@ -1,9 +1,9 @@
 #include "fBono.h"
 
-#include "Avisos.h"
 #include "EditorTiempo.h"
 #include "FechasQt.h"
 #include "Iconos.h"
+#include "Mensajes.h"
 #include "core/cTiempo.h"
 #include "tariff/cBono.h"
 
@@ -132,7 +132,7 @@ QString fBono::Problema() const {
 void fBono::accept() {
     const QString problema = Problema();
     if (!problema.isEmpty()) {
-        avisos::Caja(this, QMessageBox::Warning, windowTitle(), problema);
+        Avisar(this, QMessageBox::Warning, problema);
         return;
     }
     QDialog::accept();

@@ -2,6 +2,7 @@
 
 #include "Avisos.h"
 #include "Iconos.h"
+#include "Mensajes.h"
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
 #include "PasoAjustes.h"
@@ -158,7 +159,7 @@ void fMain::LeerAjustes() {
     ObjetosDesdeAjustes(datos_.Ajustes, datos_.Bono, datos_.Conexiones);
     datos_.RecalculoPendiente = false;
     if (lectura.dañado) {
-        avisos::Caja(this, QMessageBox::Warning, "Vorimesk", QString::fromStdString(lectura.aviso));
+        Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.aviso));
     }
 }
 

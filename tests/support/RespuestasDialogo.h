@@ -26,15 +26,30 @@ public:
         temporizador_.start();
     }
 
-    // The next message box gets this button.
+    // The next message box gets this button; in a box with buttons of its
+    // own, the one of the same role (Ok and Yes accept, No and Cancel
+    // reject).
     void Responder(QMessageBox::StandardButton boton) {
         acciones_.push_back([boton](QWidget* w) {
             auto* caja = qobject_cast<QMessageBox*>(w);
             if (caja == nullptr) {
                 return false;
             }
-            caja->button(boton)->click();
-            return true;
+            if (QAbstractButton* b = caja->button(boton)) {
+                b->click();
+                return true;
+            }
+            const bool acepta = boton == QMessageBox::Ok || boton == QMessageBox::Yes;
+            for (QAbstractButton* b : caja->buttons()) {
+                const auto rol = caja->buttonRole(b);
+                if (acepta ? (rol == QMessageBox::AcceptRole || rol == QMessageBox::YesRole)
+                           : (rol == QMessageBox::RejectRole || rol == QMessageBox::NoRole)) {
+                    b->click();
+                    return true;
+                }
+            }
+            caja->reject();
+            return false;
         });
     }
     // The next modal dialog is handed to `accion`, which must close it.

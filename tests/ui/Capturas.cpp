@@ -9,21 +9,26 @@
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Avisos.h"
 #include "ui/EntornoVentana.h"
+#include "ui/PanelTarifa.h"
 #include "ui/TabBono.h"
+#include "ui/TablaBandas.h"
 #include "ui/fAbout.h"
 #include "ui/fBono.h"
 #include "ui/fMain.h"
 #include "ui/fModem.h"
+#include "ui/fPelmorad.h"
 #include "ui/fProgramas.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTimeEdit>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -83,6 +88,24 @@ void PrepararDatos(const std::filesystem::path& dir) {
 std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
                                   const QString& texto, QMessageBox::StandardButtons botones) {
     return avisos::CrearCaja(nullptr, icono, titulo, texto, botones);
+}
+
+std::unique_ptr<fPelmorad> Editor(const std::filesystem::path& dir, int tarifa) {
+    auto v = std::make_unique<fPelmorad>(dir);
+    v->Seleccionar(tarifa);
+    v->adjustSize();
+    return v;
+}
+
+// The editor while the user is getting a tariff wrong: a price with a comma,
+// a Saturday with hours left out and overlapping.
+std::unique_ptr<fPelmorad> EditorConProblemas(const std::filesystem::path& dir) {
+    auto v = Editor(dir, 2);
+    v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
+    emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
+    v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
+    v->panel->tablas[1]->tmeFin[1]->setTime(QTime(9, 0));
+    return v;
 }
 
 bool Guardar(QWidget* w, const QString& ruta) {
@@ -148,6 +171,8 @@ int main(int argc, char** argv) {
                  a->ModoBanner(true);
                  return propio(std::move(a));
              }},
+            {"pelmorad", [&] { return propio(Editor(dir, 0)); }},
+            {"pelmorad-problemas", [&] { return propio(EditorConProblemas(dir)); }},
             {"bono-alta",
              [&] { return propio(std::make_unique<fBono>(nuevo, true, kReloj.Hoy())); }},
             {"bono-modificar",
