@@ -23,7 +23,8 @@ AnchosProporcionales::AnchosProporcionales(QTableView* tabla, std::vector<int> t
     : QObject(tabla), tabla_(tabla), twips_(std::move(twips)), llenar_(llenar),
       muestras_(std::move(muestras)) {
     tabla_->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    tabla_->viewport()->installEventFilter(this);
+    vista_ = tabla_->viewport();
+    vista_->installEventFilter(this);
     Aplicar();
 }
 
@@ -100,7 +101,9 @@ int AnchosProporcionales::AnchoTotal() const {
 }
 
 bool AnchosProporcionales::eventFilter(QObject* objeto, QEvent* evento) {
-    if (objeto == tabla_->viewport() && evento->type() == QEvent::Resize && llenar_) {
+    // The viewport is kept from the start: while the grid is being destroyed
+    // its viewport still gets events and the grid must not be asked.
+    if (evento->type() == QEvent::Resize && objeto == vista_ && llenar_) {
         Aplicar();
     }
     return QObject::eventFilter(objeto, evento);

@@ -34,6 +34,7 @@ private:
     int Minimo(int columna) const;
 
     QTableView* tabla_;
+    QWidget* vista_ = nullptr;
     std::vector<int> twips_;
     bool llenar_;
     std::vector<QString> muestras_;
