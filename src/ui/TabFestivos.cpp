@@ -63,10 +63,10 @@ void TabFestivos::Pulsar(QDate dia) {
     auto& festivos = datos_.Ajustes.Festivos;
     if (!TieneEstiloFestivo(dia)) {
         FestivosCal->setDateTextFormat(dia, Festivo());
-        festivos.push_back(DesdeQDate(dia));
+        festivos.push_back(DeQDate(dia));
     } else {
         FestivosCal->setDateTextFormat(dia, QTextCharFormat());
-        const Fecha buscado = DesdeQDate(dia);
+        const Fecha buscado = DeQDate(dia);
         const auto it = std::find_if(festivos.begin(), festivos.end(),
                                      [&](Fecha f) { return f.Dias() == buscado.Dias(); });
         if (it != festivos.end()) {

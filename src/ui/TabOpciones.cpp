@@ -174,7 +174,7 @@ void TabOpciones::Enlazar() {
     connect(Check5, &QCheckBox::clicked, this, [this] { datos_.AvisosArmados.bono = true; });
 
     connect(hora3, &QTimeEdit::userTimeChanged, this,
-            [this](QTime t) { datos_.Ajustes.HoraAviso = DesdeQTime(t); });
+            [this](QTime t) { datos_.Ajustes.HoraAviso = DeQTime(t); });
     connect(tiempo1, &QLineEdit::textEdited, this, [this] {
         if (tiempo1->Completo()) {
             datos_.Ajustes.TiempoAviso.Valor(tiempo1->Tiempo());

@@ -103,9 +103,9 @@ void fBono::CambioBaja(bool baja) {
 BonoGuardado fBono::Resultado() const {
     BonoGuardado b;
     b.Tipo = nuevo_ ? static_cast<std::int16_t>(cmbTipo->currentIndex()) : inicial_.Tipo;
-    b.Alta = DesdeQDate(fecAlta->date());
+    b.Alta = DeQDate(fecAlta->date());
     if (chkBaja->isChecked()) {
-        b.Baja = FechaVariante::De(DesdeQDate(fecBaja->date()));
+        b.Baja = FechaVariante::De(DeQDate(fecBaja->date()));
     } else {
         // A bundle still in use keeps its empty or null mark as read.
         b.Baja = inicial_.Baja.TieneFecha() ? FechaVariante::Vacia() : inicial_.Baja;

@@ -1,32 +1,36 @@
-// Writes a PNG of every window, tab and dialog into the folder given as
-// argument, for a person to look at (make screenshots; also at 200% with
-// QT_SCALE_FACTOR=2). The main window is shown on a made-up data folder.
+// Writes a PNG of every window and dialog into the folder given as argument,
+// for a person to look at (make screenshots; also at 200% with
+// QT_SCALE_FACTOR=2). The main window's tabs and dialogs are in
+// CapturasVentana.cpp. The register tools show a register of simulated calls
+// from January to March, and the printed report goes to "informe.pdf".
 
-#include "PlataformaPrueba.h"
-#include "register/Importe.h"
-#include "register/Log.h"
-#include "settings/ArchivoVariables.h"
+#include "AnfitrionFalso.h"
+#include "CapturasVentana.h"
+#include "LlamadasSimuladas.h"
+#include "register/Copias.h"
 #include "tariff/LibroPorDefecto.h"
-#include "ui/Avisos.h"
-#include "ui/EntornoVentana.h"
+#include "tariff/cBono.h"
 #include "ui/PanelTarifa.h"
-#include "ui/TabBono.h"
+#include "ui/PilaPrograma.h"
 #include "ui/TablaBandas.h"
 #include "ui/fAbout.h"
-#include "ui/fBono.h"
-#include "ui/fMain.h"
-#include "ui/fModem.h"
+#include "ui/fArchivo.h"
+#include "ui/fFiltro.h"
+#include "ui/fGrafico.h"
+#include "ui/fImprimir.h"
 #include "ui/fPelmorad.h"
-#include "ui/fProgramas.h"
+#include "ui/fPer.h"
 
-#include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDir>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QListWidget>
 #include <QPixmap>
-#include <QTabWidget>
-#include <QTableWidget>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimeEdit>
 #include <cstdio>
@@ -35,72 +39,61 @@
 #include <vector>
 
 using namespace vorimesk;
-using namespace vorimesk::prueba;
 
 namespace {
 
-struct Captura {
-    QString nombre;
-    std::function<QWidget*()> crear; // the widget to grab (owned elsewhere)
+// The data every tool window looks at.
+struct Datos {
+    QTemporaryDir temporal;
+    std::filesystem::path carpeta{temporal.path().toStdString()};
+    RelojFijo reloj{Fecha::Crear(2026, 3, 20, 18, 30, 0)};
+    Log registro{carpeta};
+    cLlamada libro{carpeta};
+    cBono bono{reloj};
+    std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+
+    Datos() {
+        prueba::LlenarConLlamadas(registro, carpeta, Fecha::Crear(2026, 1, 1), 79);
+        libro.Load();
+        bono.DiaFactura(15);
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(registro, libro, reloj.Hoy());
+        anfitrion->inicio = Fecha::Crear(2026, 2, 16);
+        anfitrion->fin = Fecha::Crear(2026, 3, 15, 23, 59, 59);
+        anfitrion->RellenaGrid(CriteriosFiltro::Periodo(anfitrion->inicio, anfitrion->fin));
+        // Two archives made earlier, listed in the index.
+        std::filesystem::create_directory(carpeta / "Copias");
+        Copias copias(Copias::CarpetaDe(carpeta));
+        copias.Archivar(registro, "Copia000.CPR", "Enero", Fecha::Crear(2026, 1, 1),
+                        Fecha::Crear(2026, 1, 31), false);
+        copias.Archivar(registro, "Copia001.CPR", "Febrero", Fecha::Crear(2026, 2, 1),
+                        Fecha::Crear(2026, 2, 28), false);
+        copias.GuardarIndice();
+    }
 };
 
-const RelojFijo kReloj(Fecha::Crear(2026, 3, 20, 12, 0, 0));
+struct Captura {
+    const char* nombre;
+    std::function<std::unique_ptr<QWidget>(Datos&)> crear;
+};
 
-// A register of some weeks of calls, holidays, bundles and two entries.
-void PrepararDatos(const std::filesystem::path& dir) {
-    InstalarLibroPorDefecto(dir);
-    Log registro(dir);
-    const char* tarifas[] = {"Metropolitana", "Provincial", "Infovia"};
-    const char* conexiones[] = {"Casa", "Trabajo"};
-    for (int i = 0; i < 40; ++i) {
-        const Fecha dia = Fecha::Crear(2026, 1, 10).MasDias(i * 2);
-        const Fecha hora = Fecha::DesdeSegundos((8 + i % 14) * 3600 + (i * 7 % 60) * 60);
-        const int segundos = 300 + i * 97;
-        cTiempo d;
-        d.ConvTiempo(segundos);
-        registro.AñadirItem(dia, hora, d.Valor(), TextoImporte(11.72F + segundos / 60.0F * 2.5F),
-                            static_cast<std::uint8_t>(i % 3 == 0), tarifas[i % 3],
-                            conexiones[i % 2], "", static_cast<std::int16_t>(i % 5 == 0 ? -1 : 0),
-                            100 + i * 13, 20 + i * 3);
-    }
-    registro.SalvarLog();
-    Settings s = ValoresPorDefecto();
-    s.DiaFactura = 15;
-    s.AnadirImpuestos = true;
-    s.Impuestos = 16.0F;
-    s.Festivos = {Fecha::Crear(2026, 1, 1), Fecha::Crear(2026, 1, 6), Fecha::Crear(2026, 3, 19),
-                  Fecha::Crear(2026, 4, 2), Fecha::Crear(2026, 4, 3)};
-    s.EntradasConexion = {{"Casa", "Metropolitana", "BonoNet"},
-                          {"Trabajo", "Provincial", "Ninguno"}};
-    s.Bonos = {
-        {0, Fecha::Crear(2026, 2, 15), FechaVariante::Vacia(), "06:12:40"},
-        {3, Fecha::Crear(2026, 1, 15), FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"}};
-    s.Programas = {"/usr/bin/firefox", "/usr/bin/thunderbird"};
-    s.AvisoTiempo = true;
-    s.TiempoAviso.Valor("01:00:00");
-    s.AvisoImporte = true;
-    s.ImporteAviso = "1500";
-    s.SonidoAviso = "/usr/share/sounds/alsa/Front_Center.wav";
-    s.MesReinicio = 2;
-    GuardarVariables(dir / "Varibles.Dat", s);
+// A data folder with the shipped tariff book, alive until the program ends.
+std::filesystem::path CarpetaConLibro() {
+    static QTemporaryDir dir;
+    const std::filesystem::path ruta = dir.path().toStdString();
+    InstalarLibroPorDefecto(ruta);
+    return ruta;
 }
 
-std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
-                                  const QString& texto, QMessageBox::StandardButtons botones) {
-    return avisos::CrearCaja(nullptr, icono, titulo, texto, botones);
-}
-
-std::unique_ptr<fPelmorad> Editor(const std::filesystem::path& dir, int tarifa) {
-    auto v = std::make_unique<fPelmorad>(dir);
+std::unique_ptr<fPelmorad> Editor(int tarifa) {
+    auto v = std::make_unique<fPelmorad>(CarpetaConLibro());
     v->Seleccionar(tarifa);
-    v->adjustSize();
     return v;
 }
 
 // The editor while the user is getting a tariff wrong: a price with a comma,
 // a Saturday with hours left out and overlapping.
-std::unique_ptr<fPelmorad> EditorConProblemas(const std::filesystem::path& dir) {
-    auto v = Editor(dir, 2);
+std::unique_ptr<QWidget> EditorConProblemas() {
+    auto v = Editor(2);
     v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
     emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
     v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
@@ -108,15 +101,93 @@ std::unique_ptr<fPelmorad> EditorConProblemas(const std::filesystem::path& dir) 
     return v;
 }
 
-bool Guardar(QWidget* w, const QString& ruta) {
-    w->show();
-    QApplication::processEvents();
-    if (!w->grab().save(ruta)) {
-        std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
-        return false;
+std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
+                                   const std::function<void(fArchivo&)>& antes = {}) {
+    auto w = std::make_unique<fArchivo>(*d.anfitrion, d.registro, d.bono, d.reloj, d.carpeta);
+    w->lAccion->setCurrentRow(accion);
+    for (int i = 0; i < pasos; ++i) {
+        if (i == pasos - 1 && antes) {
+            antes(*w);
+        }
+        w->Siguiente();
     }
-    std::printf("%s\n", qPrintable(ruta));
-    return true;
+    return w;
+}
+
+void ElegirCopia(fArchivo& w, const char* nombre) {
+    const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+    if (!e.isEmpty()) {
+        w.File1->setCurrentItem(e.front());
+    }
+}
+
+std::unique_ptr<QWidget> Grafico(Datos& d, int vista, int tipo, int dato, int mes = -1) {
+    auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
+    g->Option1[vista]->click();
+    g->cmbTipoGraf->setCurrentIndex(tipo);
+    g->cmbTipoDato->setCurrentIndex(dato);
+    if (mes >= 0) {
+        g->Combo1->setCurrentIndex(mes);
+    }
+    return g;
+}
+
+std::vector<Captura> Capturas() {
+    return {
+        {"acerca-de", [](Datos&) { return std::make_unique<fAbout>(); }},
+        {"banner-inicio",
+         [](Datos&) {
+             auto a = std::make_unique<fAbout>();
+             a->ModoBanner(true);
+             return a;
+         }},
+        {"pelmorad", [](Datos&) { return Editor(0); }},
+        {"pelmorad-problemas", [](Datos&) { return EditorConProblemas(); }},
+        {"filtro",
+         [](Datos& d) {
+             auto f = std::make_unique<fFiltro>(*d.anfitrion, d.reloj);
+             f->bFec->click();
+             f->fecDesde->setDate(QDate(2026, 2, 16));
+             f->bTiempo->click();
+             f->HoraTiempo->setTime(QTime(0, 30, 0));
+             f->bDia->click();
+             f->Combo4->setCurrentIndex(2);
+             return f;
+         }},
+        {"selector-periodos",
+         [](Datos& d) {
+             PilaPrograma().Meter(std::int64_t{15});
+             PilaPrograma().Meter(std::int64_t{0});
+             PilaPrograma().Meter(d.registro.Dia(0));
+             return std::make_unique<fPer>(d.reloj);
+         }},
+        {"archivo-1-accion", [](Datos& d) { return Asistente(d, 0, 0); }},
+        {"archivo-2-periodo", [](Datos& d) { return Asistente(d, 0, 1); }},
+        {"archivo-3-nombre", [](Datos& d) { return Asistente(d, 0, 2); }},
+        {"archivo-4-conservar", [](Datos& d) { return Asistente(d, 0, 3); }},
+        {"archivo-recuperar-modo", [](Datos& d) { return Asistente(d, 1, 1); }},
+        {"archivo-recuperar-lista",
+         [](Datos& d) {
+             auto w = Asistente(d, 1, 2, [](fArchivo& a) { a.Option3->setChecked(true); });
+             ElegirCopia(static_cast<fArchivo&>(*w), "Copia001.CPR");
+             return w;
+         }},
+        {"archivo-ver",
+         [](Datos& d) {
+             return Asistente(d, 2, 2, [](fArchivo& a) { ElegirCopia(a, "Copia001.CPR"); });
+         }},
+        {"archivo-borrar",
+         [](Datos& d) {
+             return Asistente(d, 3, 2, [](fArchivo& a) { ElegirCopia(a, "Copia000.CPR"); });
+         }},
+        {"grafico-anual-barras2d", [](Datos& d) { return Grafico(d, 0, 0, 0); }},
+        {"grafico-mensual-barras3d", [](Datos& d) { return Grafico(d, 1, 1, 1); }},
+        {"grafico-diario-lineas", [](Datos& d) { return Grafico(d, 2, 2, 2, 1); }},
+        {"grafico-diario-area", [](Datos& d) { return Grafico(d, 2, 3, 1, 2); }},
+        {"grafico-diario-barras3d", [](Datos& d) { return Grafico(d, 2, 1, 0, 0); }},
+        {"grafico-mensual-tiempo-barras2d", [](Datos& d) { return Grafico(d, 1, 0, 2); }},
+        {"imprimir", [](Datos& d) { return std::make_unique<fImprimir>(*d.anfitrion, d.libro); }},
+    };
 }
 
 } // namespace
@@ -128,86 +199,26 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const QString carpeta = argc > 1 ? QString::fromLocal8Bit(argv[1]) : "screenshots";
     QDir().mkpath(carpeta);
-    QTemporaryDir temporal;
-    const std::filesystem::path dir = temporal.path().toStdString();
-    PrepararDatos(dir);
-
-    PlataformaPrueba plataforma;
-    plataforma.sistema->entradas = {"Casa", "Trabajo"};
-    plataforma.sistema->modems = {{"ttyS0", "Modem de prueba", dir / "modemlog.txt"}};
-    EntornoVentana entorno;
-    entorno.carpetaDatos = dir;
-    entorno.plataforma = plataforma.Crear();
-    entorno.reloj = &kReloj;
-    fMain ventana(entorno);
-    ventana.Cargar();
-
-    std::vector<std::unique_ptr<QWidget>> dueños;
-    auto propio = [&](std::unique_ptr<QWidget> w) {
-        dueños.push_back(std::move(w));
-        return dueños.back().get();
-    };
-    const char* pestañas[] = {"resumen",  "conexiones", "tarifas", "registro",
-                              "festivos", "bononet",    "opciones"};
-    std::vector<Captura> capturas;
-    for (int i = 0; i < 7; ++i) {
-        capturas.push_back({QString("principal-%1-%2").arg(i).arg(pestañas[i]), [&, i] {
-                                ventana.SSTab1->setCurrentIndex(i);
-                                return static_cast<QWidget*>(&ventana);
-                            }});
-    }
-    std::vector<std::string> programas = ventana.Datos().Ajustes.Programas;
-    BonoGuardado nuevo;
-    nuevo.Alta = kReloj.Hoy();
-    const BonoGuardado dado{3, Fecha::Crear(2026, 1, 15),
-                            FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"};
-    capturas.insert(
-        capturas.end(),
-        {
-            {"acerca-de", [&] { return propio(std::make_unique<fAbout>()); }},
-            {"banner-inicio",
-             [&] {
-                 auto a = std::make_unique<fAbout>();
-                 a->ModoBanner(true);
-                 return propio(std::move(a));
-             }},
-            {"pelmorad", [&] { return propio(Editor(dir, 0)); }},
-            {"pelmorad-problemas", [&] { return propio(EditorConProblemas(dir)); }},
-            {"bono-alta",
-             [&] { return propio(std::make_unique<fBono>(nuevo, true, kReloj.Hoy())); }},
-            {"bono-modificar",
-             [&] { return propio(std::make_unique<fBono>(dado, false, kReloj.Hoy())); }},
-            {"modem",
-             [&] {
-                 return propio(std::make_unique<fModem>(
-                     QStringList{"Modem interno (ttyS0)", "U.S. Robotics 56K USB (ttyUSB0)"}));
-             }},
-            {"programas", [&] { return propio(std::make_unique<fProgramas>(programas)); }},
-            {"aviso-recalculo",
-             [&] {
-                 return propio(Caja(QMessageBox::Question, avisos::kTituloRecalculo,
-                                    avisos::kTextoRecalculo, QMessageBox::Yes | QMessageBox::No));
-             }},
-            {"aviso-conexion-nueva",
-             [&] {
-                 return propio(Caja(QMessageBox::Warning, avisos::kTituloConexionNueva,
-                                    avisos::kTextoConexionNueva, QMessageBox::Ok));
-             }},
-            {"aviso-sin-modem",
-             [&] {
-                 return propio(Caja(QMessageBox::Critical, avisos::kTituloSinModem,
-                                    avisos::kTextoSinModem, QMessageBox::Ok));
-             }},
-        });
-
-    for (const Captura& c : capturas) {
-        QWidget* w = c.crear();
-        if (!Guardar(w, carpeta + "/" + c.nombre + ".png")) {
+    Datos datos;
+    for (const Captura& c : Capturas()) {
+        auto ventana = c.crear(datos);
+        ventana->adjustSize();
+        ventana->show();
+        QApplication::processEvents();
+        const QString ruta = carpeta + "/" + c.nombre + ".png";
+        if (!ventana->grab().save(ruta)) {
+            std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
             return 1;
         }
-        if (w != &ventana) {
-            w->hide();
-        }
+        std::printf("%s\n", qPrintable(ruta));
     }
-    return 0;
+    fImprimir informe(*datos.anfitrion, datos.libro);
+    informe.Check2->setChecked(true);
+    const QString pdf = carpeta + "/informe.pdf";
+    if (!informe.ImprimirPdf(pdf)) {
+        std::fprintf(stderr, "No se pudo escribir %s\n", qPrintable(pdf));
+        return 1;
+    }
+    std::printf("%s\n", qPrintable(pdf));
+    return CapturarVentana(carpeta) ? 0 : 1;
 }

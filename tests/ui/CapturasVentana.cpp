@@ -1,0 +1,171 @@
+// Screenshots of the main window, one per tab, on a made-up data folder,
+// and of its dialogs and message boxes.
+
+#include "CapturasVentana.h"
+
+#include "PlataformaPrueba.h"
+#include "register/Importe.h"
+#include "register/Log.h"
+#include "settings/ArchivoVariables.h"
+#include "tariff/LibroPorDefecto.h"
+#include "ui/Avisos.h"
+#include "ui/EntornoVentana.h"
+#include "ui/fBono.h"
+#include "ui/fMain.h"
+#include "ui/fModem.h"
+#include "ui/fProgramas.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+namespace {
+
+struct Captura {
+    QString nombre;
+    std::function<QWidget*()> crear; // the widget to grab (owned elsewhere)
+};
+
+const RelojFijo kReloj(Fecha::Crear(2026, 3, 20, 12, 0, 0));
+
+// A register of some weeks of calls, holidays, bundles and two entries.
+void PrepararDatos(const std::filesystem::path& dir) {
+    InstalarLibroPorDefecto(dir);
+    Log registro(dir);
+    const char* tarifas[] = {"Metropolitana", "Provincial", "Infovia"};
+    const char* conexiones[] = {"Casa", "Trabajo"};
+    for (int i = 0; i < 40; ++i) {
+        const Fecha dia = Fecha::Crear(2026, 1, 10).MasDias(i * 2);
+        const Fecha hora = Fecha::DesdeSegundos((8 + i % 14) * 3600 + (i * 7 % 60) * 60);
+        const int segundos = 300 + i * 97;
+        cTiempo d;
+        d.ConvTiempo(segundos);
+        registro.AñadirItem(dia, hora, d.Valor(), TextoImporte(11.72F + segundos / 60.0F * 2.5F),
+                            static_cast<std::uint8_t>(i % 3 == 0), tarifas[i % 3],
+                            conexiones[i % 2], "", static_cast<std::int16_t>(i % 5 == 0 ? -1 : 0),
+                            100 + i * 13, 20 + i * 3);
+    }
+    registro.SalvarLog();
+    Settings s = ValoresPorDefecto();
+    s.DiaFactura = 15;
+    s.AnadirImpuestos = true;
+    s.Impuestos = 16.0F;
+    s.Festivos = {Fecha::Crear(2026, 1, 1), Fecha::Crear(2026, 1, 6), Fecha::Crear(2026, 3, 19),
+                  Fecha::Crear(2026, 4, 2), Fecha::Crear(2026, 4, 3)};
+    s.EntradasConexion = {{"Casa", "Metropolitana", "BonoNet"},
+                          {"Trabajo", "Provincial", "Ninguno"}};
+    s.Bonos = {
+        {0, Fecha::Crear(2026, 2, 15), FechaVariante::Vacia(), "06:12:40"},
+        {3, Fecha::Crear(2026, 1, 15), FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"}};
+    s.Programas = {"/usr/bin/firefox", "/usr/bin/thunderbird"};
+    s.AvisoTiempo = true;
+    s.TiempoAviso.Valor("01:00:00");
+    s.AvisoImporte = true;
+    s.ImporteAviso = "1500";
+    s.SonidoAviso = "/usr/share/sounds/alsa/Front_Center.wav";
+    s.MesReinicio = 2;
+    GuardarVariables(dir / "Varibles.Dat", s);
+}
+
+std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
+                                  const QString& texto, QMessageBox::StandardButtons botones) {
+    return avisos::CrearCaja(nullptr, icono, titulo, texto, botones);
+}
+
+bool Guardar(QWidget* w, const QString& ruta) {
+    w->show();
+    QApplication::processEvents();
+    if (!w->grab().save(ruta)) {
+        std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
+        return false;
+    }
+    std::printf("%s\n", qPrintable(ruta));
+    return true;
+}
+
+} // namespace
+
+bool CapturarVentana(const QString& carpeta) {
+    QTemporaryDir temporal;
+    const std::filesystem::path dir = temporal.path().toStdString();
+    PrepararDatos(dir);
+
+    PlataformaPrueba plataforma;
+    plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    plataforma.sistema->modems = {{"ttyS0", "Modem de prueba", dir / "modemlog.txt"}};
+    EntornoVentana entorno;
+    entorno.carpetaDatos = dir;
+    entorno.plataforma = plataforma.Crear();
+    entorno.reloj = &kReloj;
+    fMain ventana(entorno);
+    ventana.Cargar();
+
+    std::vector<std::unique_ptr<QWidget>> dueños;
+    auto propio = [&](std::unique_ptr<QWidget> w) {
+        dueños.push_back(std::move(w));
+        return dueños.back().get();
+    };
+    const char* pestañas[] = {"resumen",  "conexiones", "tarifas", "registro",
+                              "festivos", "bononet",    "opciones"};
+    std::vector<Captura> capturas;
+    for (int i = 0; i < 7; ++i) {
+        capturas.push_back({QString("principal-%1-%2").arg(i).arg(pestañas[i]), [&, i] {
+                                ventana.SSTab1->setCurrentIndex(i);
+                                return static_cast<QWidget*>(&ventana);
+                            }});
+    }
+    std::vector<std::string> programas = ventana.Datos().Ajustes.Programas;
+    BonoGuardado nuevo;
+    nuevo.Alta = kReloj.Hoy();
+    const BonoGuardado dado{3, Fecha::Crear(2026, 1, 15),
+                            FechaVariante::De(Fecha::Crear(2026, 3, 1)), "12:00:00"};
+    capturas.insert(
+        capturas.end(),
+        {
+            {"bono-alta",
+             [&] { return propio(std::make_unique<fBono>(nuevo, true, kReloj.Hoy())); }},
+            {"bono-modificar",
+             [&] { return propio(std::make_unique<fBono>(dado, false, kReloj.Hoy())); }},
+            {"modem",
+             [&] {
+                 return propio(std::make_unique<fModem>(
+                     QStringList{"Modem interno (ttyS0)", "U.S. Robotics 56K USB (ttyUSB0)"}));
+             }},
+            {"programas", [&] { return propio(std::make_unique<fProgramas>(programas)); }},
+            {"aviso-recalculo",
+             [&] {
+                 return propio(Caja(QMessageBox::Question, avisos::kTituloRecalculo,
+                                    avisos::kTextoRecalculo, QMessageBox::Yes | QMessageBox::No));
+             }},
+            {"aviso-conexion-nueva",
+             [&] {
+                 return propio(Caja(QMessageBox::Warning, avisos::kTituloConexionNueva,
+                                    avisos::kTextoConexionNueva, QMessageBox::Ok));
+             }},
+            {"aviso-sin-modem",
+             [&] {
+                 return propio(Caja(QMessageBox::Critical, avisos::kTituloSinModem,
+                                    avisos::kTextoSinModem, QMessageBox::Ok));
+             }},
+        });
+
+    for (const Captura& c : capturas) {
+        QWidget* w = c.crear();
+        if (!Guardar(w, carpeta + "/" + c.nombre + ".png")) {
+            return false;
+        }
+        if (w != &ventana) {
+            w->hide();
+        }
+    }
+    return true;
+}
