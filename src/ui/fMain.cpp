@@ -426,6 +426,16 @@ void fMain::changeEvent(QEvent* evento) {
     }
 }
 
+void fMain::showEvent(QShowEvent* evento) {
+    QMainWindow::showEvent(evento);
+    // The first showing counts as an activation: a desktop without a window
+    // manager never activates the window.
+    if (!mostrada_) {
+        mostrada_ = true;
+        QTimer::singleShot(0, this, [this] { Proteger(this, [this] { AlActivar(); }); });
+    }
+}
+
 void fMain::AlActivar() {
     LeerEntradas();
     if (entradasNuevas_) {

@@ -94,6 +94,7 @@ public:
 protected:
     void closeEvent(QCloseEvent* evento) override;
     void changeEvent(QEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
 
 private:
     void Construir();
@@ -126,6 +127,7 @@ private:
     bool registroLeido_ = false;
     bool registroSucio_ = false;
     bool terminando_ = false;
+    bool mostrada_ = false;
     std::optional<Fecha> ultimaHora_;
     std::optional<std::vector<std::string>> entradasSistema_;
 };
