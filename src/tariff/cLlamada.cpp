@@ -52,10 +52,11 @@ cLlamada::cLlamada(fs::path carpeta) : ruta_(std::move(carpeta) / kArchivo) {}
 
 void cLlamada::Load() {
     std::error_code ec;
-    if (!fs::exists(ruta_, ec)) {
+    const fs::file_status estado = fs::status(ruta_, ec);
+    if (!fs::exists(estado)) {
         return;
     }
-    if (!fs::is_regular_file(ruta_, ec)) {
+    if (!fs::is_regular_file(estado)) {
         throw ErrorArchivo(ruta_.string(), "no es un archivo");
     }
     const std::string datos = LeerArchivo(ruta_);
