@@ -276,18 +276,6 @@ TEST_F(LeerModemLog, UnLogQueNoFormaFechasNoCambiaNada) {
     }
 }
 
-TEST_F(LeerModemLog, ConexionesPendientesPorSegundoExacto) {
-    Pendiente(Lunes(10, 0, 1), "Provincial", "", "Un segundo tarde");
-    Pendiente(Lunes(11, 0), "Interprovincial", "Ninguno", "Primera");
-    Pendiente(Lunes(11, 0), "Provincial", "Ninguno", "Segunda");
-    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 1)) + Sesion(Lunes(11, 0), Lunes(11, 1)));
-    ASSERT_TRUE(Añadir());
-    EXPECT_EQ(log.Conexion(0), "");
-    EXPECT_EQ(log.Tarifa(1), "Interprovincial");
-    EXPECT_EQ(log.Conexion(1), "Primera");
-    EXPECT_EQ(pendientes.Count(), 0);
-}
-
 TEST_F(LeerModemLog, DescuentoBonoNetOVacioPagaConElBonoYOtroNo) {
     bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA
     bono.DarAlta(2, Fecha::Crear(2026, 3, 1)); // 10NOCHE
