@@ -5,9 +5,7 @@
 #include "Mensajes.h"
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
-#include "PasoAjustes.h"
 #include "Proteger.h"
-#include "Recalculo.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
 #include "TabConexiones.h"
@@ -19,6 +17,7 @@
 #include "core/Archivo.h"
 #include "fModem.h"
 #include "settings/ArchivoVariables.h"
+#include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
 #include "tariff/RenovacionBono.h"
 
@@ -156,10 +155,21 @@ void fMain::LeerAjustes() {
     LecturaVariables lectura =
         LeerVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo));
     datos_.Ajustes = std::move(lectura.valores);
-    ObjetosDesdeAjustes(datos_.Ajustes, datos_.Bono, datos_.Conexiones);
     datos_.RecalculoPendiente = false;
     if (lectura.dañado) {
         Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.aviso));
+    }
+    try {
+        CargarBono(datos_.Ajustes, datos_.Bono);
+        CargarConexiones(datos_.Ajustes, datos_.Conexiones);
+    } catch (const Error& error) {
+        // Written back from what could be read, the file would lose the
+        // rest: it is left alone for this run.
+        ajustesGuardables_ = false;
+        datos_.Bono.Limpiar();
+        throw Error(std::string("Los bonos o las conexiones de ") +
+                    std::string(Settings::kNombreArchivo) + " no se pueden leer: " + error.what() +
+                    "\nLas opciones no se guardaran al salir, para no perder el archivo.");
     }
 }
 
@@ -341,8 +351,9 @@ void fMain::MostrarBono() {
 }
 
 void fMain::Recalcular() {
+    // A failure leaves every call as it was; a success is saved at once.
+    datos_.Registro.ModificarLog(datos_.Bono, FestivosDeAjustes(datos_.Ajustes));
     registroSucio_ = true;
-    RecalcularRegistro(datos_);
     GuardarRegistro();
     RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
     tabBono->Mostrar();
@@ -357,7 +368,11 @@ void fMain::GuardarRegistro() {
 }
 
 void fMain::GuardarAjustes() {
-    AjustesDesdeObjetos(datos_.Bono, datos_.Conexiones, datos_.Ajustes);
+    if (!ajustesGuardables_) {
+        return;
+    }
+    GuardarBono(datos_.Bono, datos_.Ajustes);
+    GuardarConexiones(datos_.Conexiones, datos_.Ajustes);
     GuardarVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo), datos_.Ajustes);
 }
 

@@ -126,6 +126,7 @@ private:
     // A register that could not be read is never written over.
     bool registroLeido_ = false;
     bool registroSucio_ = false;
+    bool ajustesGuardables_ = true;
     bool terminando_ = false;
     bool mostrada_ = false;
     std::optional<Fecha> ultimaHora_;

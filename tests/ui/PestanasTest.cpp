@@ -3,13 +3,16 @@
 
 #include "CarpetaVentana.h"
 #include "RespuestasDialogo.h"
+#include "register/Importe.h"
 #include "tariff/cLlamada.h"
 #include "ui/EditorTiempo.h"
 #include "ui/FechasQt.h"
+#include "ui/ModeloRegistro.h"
 #include "ui/TabBono.h"
 #include "ui/TabConexiones.h"
 #include "ui/TabFestivos.h"
 #include "ui/TabOpciones.h"
+#include "ui/TabRegistro.h"
 #include "ui/TabResumen.h"
 #include "ui/TabTarifas.h"
 
@@ -123,6 +126,37 @@ TEST_F(Pestanas, LaPreguntaDeRecalculoSeHaceUnaVezPorCambio) {
     // The summary shown on the way counts days to the new billing day.
     EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "0");
     EXPECT_FALSE(respuestas.Pendientes());
+}
+
+TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
+    // A weekday call of one minute whose stored cost is not what the tariff
+    // book says today.
+    const Fecha dia = F(2026, 3, 18);
+    EscribirRegistro(Llamada(dia, 10, "00:01:00", "999"));
+    cLlamada libro(dir);
+    libro.Load();
+    cBono vacio;
+    ASSERT_TRUE(libro.Datos(dia.MasSegundos(10 * 3600), dia.MasSegundos(10 * 3600 + 60), &vacio,
+                            "Metropolitana"));
+    const std::string esperado = TextoImporte(libro.importe());
+    ASSERT_NE(esperado, "999");
+
+    auto v = Abrir();
+    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 3).data().toString(), "999");
+    RespuestasDialogo respuestas;
+    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
+    respuestas.Responder(QMessageBox::Yes);
+    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(v->Datos().Registro.importe(0), esperado);
+    // Saved at once, the file before it kept as the backup; the grid shows it.
+    Log guardado(dir);
+    guardado.CargarLog();
+    EXPECT_EQ(guardado.importe(0), esperado);
+    EXPECT_EQ(Leer(dir / "RegDat.bak"), Llamada(dia, 10, "00:01:00", "999"));
+    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 3).data().toString().toStdString(),
+              std::to_string(CosteMostrado(guardado, 0, {})));
 }
 
 TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
