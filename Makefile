@@ -7,7 +7,7 @@ FUZZ_SEGUNDOS ?= 60
 GENERADOR  := -G Ninja
 FUZZ_CXX   ?= clang++-14
 
-.PHONY: all deps configure build run test test-asan bench format fuzz screenshots clean
+.PHONY: all deps configure build run test test-asan bench format fuzz screenshots install package clean
 
 all: build
 
@@ -62,6 +62,12 @@ fuzz: deps $(BUILD_FUZZ)/build.ninja
 	    -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix=$(BUILD_FUZZ)/fallo-$$n- \
 	    || exit 1; \
 	done
+
+install: build
+	cmake --install $(BUILD)
+
+package: build
+	cd $(BUILD) && cpack -G DEB
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i

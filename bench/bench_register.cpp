@@ -1,8 +1,10 @@
 #include "register/FormatoRegistro.h"
 #include "register/Importe.h"
 #include "register/Log.h"
+#include "tariff/LibroPorDefecto.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
@@ -21,6 +23,7 @@ public:
             std::abort();
         }
         dir_ = plantilla;
+        InstalarLibroPorDefecto(dir_);
         Log log(dir_);
         for (int i = 0; i < kMaximoLlamadas; ++i) {
             log.AñadirItem(Fecha::Crear(2000, 1, 1).MasDias(i / 10),
@@ -66,3 +69,77 @@ static void BM_CodificarRegistroLleno(benchmark::State& s) {
     }
 }
 BENCHMARK(BM_CodificarRegistroLleno)->Unit(benchmark::kMillisecond);
+
+// Re-pricing the whole register after a tariff edit: every call priced again
+// with the ledger, the tariff file read again for each one.
+static void BM_ModificarLogRegistroLleno(benchmark::State& s) {
+    RegistroLleno datos;
+    Log log(datos.Carpeta());
+    log.CargarLog();
+    cBono bono;
+    bono.DiaFactura(15);
+    bono.DarAlta(1, Fecha::Crear(2000, 1, 1));
+    bono.DarAlta(3, Fecha::Crear(2000, 1, 1));
+    const std::vector<Fecha> festivos = {Fecha::Crear(2000, 1, 6), Fecha::Crear(2001, 12, 25)};
+    for (auto _ : s) {
+        log.ModificarLog(bono, festivos);
+    }
+    s.counters["llamadas"] = log.Count();
+}
+BENCHMARK(BM_ModificarLogRegistroLleno)->Unit(benchmark::kMillisecond);
+
+namespace {
+
+// A modem log of `n` complete sessions, one a day from 1 Jan 2000, as the
+// pppd hook writes them.
+std::string LogDeSesiones(int n) {
+    std::string texto;
+    char linea[128];
+    for (int i = 0; i < n; ++i) {
+        const Fecha dia = Fecha::Crear(2000, 1, 1).MasDias(i);
+        const auto Linea = [&](int h, int m, const char* mensaje) {
+            std::snprintf(linea, sizeof linea, "%02d-%02d-%04d %02d:%02d:00.00 - %s\r\n", dia.Mes(),
+                          dia.Dia(), dia.Año(), h, m, mensaje);
+            texto += linea;
+        };
+        Linea(10 + i % 12, 0, "Modem in use: ppp0 /dev/ttyS0 casa");
+        Linea(10 + i % 12, 0, "CONNECT 115200");
+        Linea(10 + i % 12, 25, "Reads : 1536000 bytes");
+        Linea(10 + i % 12, 25, "Writes: 204800 bytes");
+        Linea(10 + i % 12, 25, "Modem closed.");
+    }
+    return texto;
+}
+
+} // namespace
+
+// Reading a log of 5,000 sessions into an empty register (the log is copied
+// back before each run, since a successful read deletes it).
+static void BM_LeerModemLog5000Sesiones(benchmark::State& s) {
+    RegistroLleno datos;
+    const fs::path original = datos.Carpeta() / "original.txt";
+    const fs::path modemlog = datos.Carpeta() / "modemlog.txt";
+    {
+        std::FILE* f = std::fopen(original.c_str(), "wb");
+        const std::string texto = LogDeSesiones(5000);
+        std::fwrite(texto.data(), 1, texto.size(), f);
+        std::fclose(f);
+    }
+    int llamadas = 0;
+    for (auto _ : s) {
+        s.PauseTiming();
+        fs::copy_file(original, modemlog, fs::copy_options::overwrite_existing);
+        Log log(datos.Carpeta());
+        log.NombreLog(modemlog.string());
+        cBono bono;
+        bono.DarAlta(1, Fecha::Crear(2000, 1, 1));
+        colConexion pendientes;
+        s.ResumeTiming();
+        if (!log.AñadirLog(bono, {}, pendientes)) {
+            s.SkipWithError("el log no se leyo");
+        }
+        llamadas = log.Count();
+    }
+    s.counters["llamadas"] = llamadas;
+}
+BENCHMARK(BM_LeerModemLog5000Sesiones)->Unit(benchmark::kMillisecond);

@@ -1,5 +1,6 @@
 // calcular: prices one call with the tariff book of the data folder.
 
+#include "AjustesCli.h"
 #include "ArgumentosCli.h"
 #include "Ordenes.h"
 #include "tariff/cBono.h"
@@ -23,16 +24,15 @@ struct OpcionesCalcular {
 };
 
 // What pricing takes from the settings file "Varibles.Dat": its holidays and
-// its BonoNet ledger. This is the one place where that file will be read;
-// until it is, there are no stored holidays and the ledger is a new one
-// (no bundles, billing day 1).
+// its BonoNet ledger. A damaged file stops the command here.
 struct AjustesCalculo {
     std::vector<Fecha> festivos;
     cBono bono;
 };
 
-AjustesCalculo LeerAjustesCalculo(const std::filesystem::path& /*carpeta*/) {
-    return {};
+AjustesCalculo LeerAjustesCalculo(const std::filesystem::path& carpeta) {
+    AjustesDatos ajustes = LeerAjustes(carpeta);
+    return {std::move(ajustes.festivos), std::move(ajustes.bono)};
 }
 
 const char* NombreFranja(std::int16_t franja) {

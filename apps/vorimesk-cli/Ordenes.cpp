@@ -15,6 +15,8 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarOrdenRegistro(aplicacion);
     RegistrarOrdenExportar(aplicacion);
     RegistrarOrdenesCopias(aplicacion);
+    RegistrarOrdenLeerLog(aplicacion);
+    RegistrarOrdenRecalcular(aplicacion);
 }
 
 } // namespace vorimesk::cli

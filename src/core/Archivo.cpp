@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -42,29 +41,44 @@ bool ExisteArchivo(const fs::path& ruta) {
     if (!fs::is_regular_file(ruta, ec)) {
         return false;
     }
-    std::ifstream f(ruta, std::ios::binary);
-    return f.is_open();
+    const int fd = ::open(ruta.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
+        return false;
+    }
+    ::close(fd);
+    return true;
 }
 
 std::string LeerArchivo(const fs::path& ruta) {
-    std::ifstream f(ruta, std::ios::binary);
-    if (!f) {
+    // Plain descriptor calls: pricing reads the tariff file again for every
+    // call it prices, so a register re-priced whole reads it thousands of
+    // times.
+    const int fd = ::open(ruta.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
         throw ErrorArchivo(ruta.string(), "no se pudo abrir para leer");
     }
-    // In blocks: a full register is megabytes and is read at every start.
     std::string datos;
-    std::error_code ec;
-    const auto tamaño = fs::file_size(ruta, ec);
-    if (!ec) {
-        datos.reserve(static_cast<std::size_t>(tamaño));
+    struct stat info {};
+    if (::fstat(fd, &info) == 0 && info.st_size > 0) {
+        datos.reserve(static_cast<std::size_t>(info.st_size));
     }
     char bloque[1 << 16];
-    while (f.read(bloque, sizeof bloque) || f.gcount() > 0) {
-        datos.append(bloque, static_cast<std::size_t>(f.gcount()));
+    for (;;) {
+        const ssize_t n = ::read(fd, bloque, sizeof bloque);
+        if (n < 0 && errno == EINTR) {
+            continue;
+        }
+        if (n < 0) {
+            const std::string motivo = Motivo();
+            ::close(fd);
+            throw ErrorArchivo(ruta.string(), "no se pudo leer: " + motivo);
+        }
+        if (n == 0) {
+            break;
+        }
+        datos.append(bloque, static_cast<std::size_t>(n));
     }
-    if (f.bad()) {
-        throw ErrorArchivo(ruta.string(), "no se pudo leer");
-    }
+    ::close(fd);
     return datos;
 }
 

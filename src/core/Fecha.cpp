@@ -2,6 +2,7 @@
 
 #include "Errores.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -25,16 +26,28 @@ year_month_day Calendario(std::int64_t dias) {
     return year_month_day{kEpoca + days{dias}};
 }
 
+// Zero-padded to `ancho` digits. Written by hand: pricing turns billing
+// periods into text and back for every call it prices.
+std::string Cifras(int v, int ancho) {
+    if (v < 0 || v > 9999) {
+        char b[16];
+        std::snprintf(b, sizeof b, "%0*d", ancho, v);
+        return b;
+    }
+    const int digitos = v > 999 ? 4 : v > 99 ? 3 : v > 9 ? 2 : 1;
+    std::string t(static_cast<std::size_t>(std::max(ancho, digitos)), '0');
+    for (auto i = t.size(); i-- > 0 && v > 0; v /= 10) {
+        t[i] = static_cast<char>('0' + v % 10);
+    }
+    return t;
+}
+
 std::string Dos(int v) {
-    char b[8];
-    std::snprintf(b, sizeof b, "%02d", v);
-    return b;
+    return Cifras(v, 2);
 }
 
 std::string Cuatro(int v) {
-    char b[16];
-    std::snprintf(b, sizeof b, "%04d", v);
-    return b;
+    return Cifras(v, 4);
 }
 
 // Reads an unsigned number of 1..maxDigitos digits at t[i]; advances i.
@@ -171,7 +184,10 @@ Fecha Fecha::MasMeses(int meses) const {
 }
 
 std::string Fecha::TextoCorto() const {
-    std::string t = Dos(Dia()) + "/" + Dos(Mes()) + "/" + Cuatro(Año());
+    const year_month_day ymd = Calendario(Dias());
+    std::string t = Dos(static_cast<int>(unsigned(ymd.day()))) + "/" +
+                    Dos(static_cast<int>(unsigned(ymd.month()))) + "/" +
+                    Cuatro(static_cast<int>(ymd.year()));
     if (SegundosDelDia() != 0) {
         t += " " + Dos(Hora()) + ":" + Dos(Minuto()) + ":" + Dos(Segundo());
     }

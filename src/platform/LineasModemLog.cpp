@@ -1,12 +1,12 @@
 #include "LineasModemLog.h"
 
+#include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -83,22 +83,11 @@ std::string BloqueBajada(Fecha cuando, Trafico t) {
 }
 
 fs::path CerrojoModemLog(const fs::path& log) {
-    return log.parent_path() / ("." + log.filename().string() + ".lock");
+    return RutaCerrojo(log);
 }
 
 void AnexarModemLog(const fs::path& log, std::string_view bloque) {
-    const Descriptor cerrojo(
-        ::open(CerrojoModemLog(log).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
-    if (cerrojo.fd() < 0) {
-        throw ErrorArchivo(log.string(),
-                           std::string("no se pudo bloquear: ") + std::strerror(errno));
-    }
-    while (::flock(cerrojo.fd(), LOCK_EX) != 0) {
-        if (errno != EINTR) {
-            throw ErrorArchivo(log.string(),
-                               std::string("no se pudo bloquear: ") + std::strerror(errno));
-        }
-    }
+    const CerrojoArchivo cerrojo(RutaCerrojo(log));
     const Descriptor archivo(::open(log.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
     if (archivo.fd() < 0) {
         throw ErrorArchivo(log.string(),

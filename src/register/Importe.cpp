@@ -40,6 +40,24 @@ Decimal Descomponer(float v, int precision) {
     return d;
 }
 
+// The digits as plain decimals ("1234.5", "0.005"), or empty when the
+// exponent is too far from 0 for them.
+std::string Plana(const Decimal& d, bool negativo) {
+    const std::string signo = negativo ? "-" : "";
+    const auto n = d.digitos.size();
+    const int e = d.exponente;
+    if (e >= 0 && e < 16) {
+        const auto enteros = static_cast<std::size_t>(e + 1);
+        return signo + (enteros >= n
+                            ? d.digitos + std::string(enteros - n, '0')
+                            : d.digitos.substr(0, enteros) + "." + d.digitos.substr(enteros));
+    }
+    if (e < 0 && e > -16) {
+        return signo + "0." + std::string(static_cast<std::size_t>(-e - 1), '0') + d.digitos;
+    }
+    return {};
+}
+
 // The ways to write the digits, most readable first: plain decimals, the
 // exponent form, the decimals without their leading zero (".5"), the
 // exponent with no sign or padding ("1.2E8"), and the digits as a whole
@@ -59,16 +77,11 @@ std::vector<std::string> Formas(const Decimal& d, bool negativo) {
     const std::string entero =
         signo + d.digitos + "E" + std::to_string(e - static_cast<int>(n) + 1);
     if (e >= 0 && e < 16) {
-        const auto enteros = static_cast<std::size_t>(e + 1);
-        const std::string decimales =
-            enteros >= n ? d.digitos + std::string(enteros - n, '0')
-                         : d.digitos.substr(0, enteros) + "." + d.digitos.substr(enteros);
-        return {signo + decimales, conExponente, exponenteCorto, entero};
+        return {Plana(d, negativo), conExponente, exponenteCorto, entero};
     }
     if (e < 0 && e > -16) {
         const std::string fraccion = std::string(static_cast<std::size_t>(-e - 1), '0') + d.digitos;
-        return {signo + "0." + fraccion, conExponente, signo + "." + fraccion, exponenteCorto,
-                entero};
+        return {Plana(d, negativo), conExponente, signo + "." + fraccion, exponenteCorto, entero};
     }
     return {conExponente, exponenteCorto, entero};
 }
@@ -87,6 +100,12 @@ std::string TextoImporte(float v) {
     }
     const bool negativo = v < 0;
     const Decimal exacto = Descomponer(std::fabs(v), 0);
+    // Nearly every cost: its exact digits as plain decimals fit and read
+    // back as the same number, the first choice below.
+    if (const std::string plana = Plana(exacto, negativo);
+        !plana.empty() && plana.size() <= kAncho) {
+        return plana;
+    }
     for (int precision = static_cast<int>(exacto.digitos.size()); precision >= 1; --precision) {
         const Decimal d = precision == static_cast<int>(exacto.digitos.size())
                               ? exacto

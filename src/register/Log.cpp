@@ -2,10 +2,17 @@
 
 #include "CopiaSeguridad.h"
 #include "FormatoRegistro.h"
+#include "Importe.h"
+#include "LectorModemLog.h"
 #include "LogModem.h"
 #include "core/Archivo.h"
+#include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
+#include "core/Lineas.h"
 #include "core/cTiempo.h"
+#include "tariff/cLlamada.h"
+
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -154,6 +161,114 @@ Fecha Log::DateConexion() const {
         return Fecha::DesdeOle(1.0);
     }
     return UltimoInicioDeSesion(LeerArchivo(nombreLog_));
+}
+
+namespace {
+
+// Every run prices with this tariff when the call names none.
+constexpr const char* kTarifaPorDefecto = "Metropolitana";
+
+cLlamada LibroDeTarifas(const fs::path& carpeta, const std::vector<Fecha>& festivos) {
+    cLlamada libro(carpeta);
+    libro.Festivos(festivos);
+    libro.NombreTarifa(kTarifaPorDefecto);
+    return libro;
+}
+
+} // namespace
+
+bool Log::LeerModemLog(cBono& bono, const std::vector<Fecha>& festivos,
+                       const colConexion& pendientes) {
+    if (nombreLog_.empty()) {
+        throw Error(std::string(kMensajeSinOrigenLog));
+    }
+    if (!ExisteArchivo(nombreLog_)) {
+        return false;
+    }
+    const std::string texto = LeerArchivo(nombreLog_);
+    if (texto.empty()) {
+        return false;
+    }
+    const std::size_t entrada = registros_.size();
+    const cBono bonoEntrada(bono);
+    // The calls of this run and the bundle time they used go together.
+    auto deshacer = [&] {
+        registros_.resize(entrada);
+        bono.Copiar(bonoEntrada);
+    };
+    cLlamada libro = LibroDeTarifas(carpeta_, festivos);
+    LectorModemLog lector(libro, bono, pendientes);
+    try {
+        for (const std::string_view linea : DividirLineas(texto)) {
+            if (const auto llamada = lector.Linea(linea)) {
+                AñadirItem(*llamada);
+            }
+        }
+    } catch (...) {
+        deshacer();
+        throw;
+    }
+    // The last session is unfinished: its calls come in a later run, which
+    // reads the whole log again.
+    if (lector.Contador() < 30) {
+        deshacer();
+    }
+    return lector.Contador() >= 16;
+}
+
+bool Log::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion& pendientes) {
+    // No lock file is left beside a log that does not exist.
+    const bool hayLog = !nombreLog_.empty() && ExisteArchivo(nombreLog_);
+    const std::optional<CerrojoArchivo> cerrojo =
+        hayLog ? CerrojoArchivo::Intentar(RutaCerrojo(nombreLog_)) : std::nullopt;
+    const std::size_t entrada = registros_.size();
+    const cBono bonoEntrada(bono);
+    if (!LeerModemLog(bono, festivos, pendientes)) {
+        return false;
+    }
+    try {
+        BorrarArchivo(nombreLog_);
+    } catch (...) {
+        // A log that stays must not give its calls twice.
+        registros_.resize(entrada);
+        bono.Copiar(bonoEntrada);
+        throw;
+    }
+    while (pendientes.Count() != 0) {
+        pendientes.Remove(1);
+    }
+    return true;
+}
+
+bool Log::CrearLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion& pendientes) {
+    Vaciar();
+    return AñadirLog(bono, festivos, pendientes);
+}
+
+void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
+    cBono trabajo(bono);
+    trabajo.Reset();
+    cLlamada libro = LibroDeTarifas(carpeta_, festivos);
+    std::vector<RegistroLlamada> nuevos = registros_;
+    int mesFactura = 0;
+    for (RegistroLlamada& r : nuevos) {
+        const Fecha inicio = Fecha::DesdeOle(r.Dia).SoloFecha().MasSegundos(
+            Fecha::DesdeOle(r.Hora).SegundosDelDia());
+        const Fecha fin = inicio.MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
+        // Calls before the billing day belong to the period begun last month:
+        // the first of them in another month starts it with full bonos.
+        if (trabajo.DiaFactura() > inicio.Dia() && inicio.Mes() != mesFactura) {
+            mesFactura = inicio.Mes();
+            trabajo.Reset();
+        }
+        libro.Datos(inicio, fin, &trabajo, r.Tarifa.Recortado());
+        r.importe.Poner(TextoImporte(libro.importe()));
+        r.Tipo = TipoDeBanda(libro.Tipo());
+        r.Bono = libro.BonoNet() ? -1 : 0;
+        libro.TraspasarBono(trabajo);
+    }
+    registros_ = std::move(nuevos);
+    bono.Copiar(trabajo);
 }
 
 } // namespace vorimesk

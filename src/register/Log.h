@@ -9,6 +9,8 @@
 // and a failed operation leaves the register in memory as it was.
 
 #include "RegistroLlamada.h"
+#include "tariff/cBono.h"
+#include "tariff/colConexion.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -90,12 +92,45 @@ public:
     // starts.
     void Vaciar() { registros_.clear(); }
 
+    // Appends the calls of the modem log at NombreLog, each priced with the
+    // tariff book of the data folder (default tariff "Metropolitana"), the
+    // holidays and, when its discount is "BonoNet" or none, the program's
+    // ledger `bono`, which keeps the bundle time the calls used. Each
+    // session's tariff, discount and connection come from the pending
+    // connection recorded at its "in use" moment.
+    //
+    // True when the log held finished sessions: the log is then deleted and
+    // `pendientes` emptied. False, with the log kept for a later run, when
+    // there is no log, it is empty, or its last session is unfinished; the
+    // calls of an unfinished run are not kept and the ledger is left as it
+    // was. While it reads and deletes, the log's lock (core/CerrojoArchivo.h)
+    // is held, so a block the pppd hook writes meanwhile waits and survives.
+    //
+    // Throws Error with kMensajeSinOrigenLog while NombreLog is empty; a log
+    // text that does not form dates or numbers where the calls need them
+    // throws ErrorTipo or ErrorDesbordamiento, and file errors ErrorArchivo.
+    // Whatever it throws, the register, the ledger, the pending connections
+    // and the log are left as they were.
+    bool AñadirLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion& pendientes);
+    // Empties the register, then as AñadirLog.
+    bool CrearLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion& pendientes);
+
+    // Prices every call again with its own tariff, the holidays and the
+    // ledger, which starts full and is refilled at the first call before
+    // the billing day of each new month; the ledger ends with the bundle
+    // time the calls used. Only importe, Tipo and Bono change. A failure
+    // (a date no calendar holds, a duration too long) changes nothing.
+    void ModificarLog(cBono& bono, const std::vector<Fecha>& festivos);
+
     // Start of the last session in the modem log; the date value 1 when the
     // log is missing, empty or holds no session. Throws Error with
     // kMensajeSinOrigenLog while NombreLog is empty.
     Fecha DateConexion() const;
 
 private:
+    // The modem log reader; true when the log may be deleted.
+    bool LeerModemLog(cBono& bono, const std::vector<Fecha>& festivos,
+                      const colConexion& pendientes);
     const RegistroLlamada& En(int i) const;
     std::filesystem::path RutaRegistro();
 

@@ -52,10 +52,11 @@ cLlamada::cLlamada(fs::path carpeta) : ruta_(std::move(carpeta) / kArchivo) {}
 
 void cLlamada::Load() {
     std::error_code ec;
-    if (!fs::exists(ruta_, ec)) {
+    const fs::file_status estado = fs::status(ruta_, ec);
+    if (!fs::exists(estado)) {
         return;
     }
-    if (!fs::is_regular_file(ruta_, ec)) {
+    if (!fs::is_regular_file(estado)) {
         throw ErrorArchivo(ruta_.string(), "no es un archivo");
     }
     const std::string datos = LeerArchivo(ruta_);
@@ -136,6 +137,10 @@ const RegistroTarifa& cLlamada::Tarifa(std::int16_t indice) const {
     return En(indice);
 }
 
+void cLlamada::Tarifa(std::int16_t indice, const RegistroTarifa& registro) {
+    En(indice) = registro;
+}
+
 ValorTarifa cLlamada::Valor(std::int16_t indice, std::string_view clave) const {
     return En(indice).Valor(clave);
 }
@@ -209,15 +214,19 @@ bool cLlamada::QuedaBono(Fecha momento) const {
 bool cLlamada::Datos(Fecha inicio, Fecha fin, const cBono* bono, std::string tarifa) {
     Load();
     const std::int16_t i = Find(tarifa.empty() ? nombreTarifa_ : tarifa);
+    // A call with no tariff used no bundle time either.
+    bonoPendiente_ = false;
     if (i < 0) {
         return false;
     }
+    // Checked before walking the call: a length that no duration holds
+    // fails anyway, and walking centuries band by band would take minutes.
+    std::string duracion = TextoDuracion(inicio, fin);
     if (bono != nullptr) {
         bono_.Copiar(*bono);
     } else {
         bono_.Reset();
     }
-    bonoPendiente_ = false;
     segundosBono_ = 0;
     tipoActual_ = Banda(i, inicio);
     bonoNetActual_ = QuedaBono(inicio);
@@ -226,7 +235,7 @@ bool cLlamada::Datos(Fecha inicio, Fecha fin, const cBono* bono, std::string tar
     float total = r.ImporteConexion();
     SumarPeriodos(i, medido, fin, bono != nullptr, total);
     importe_ = total;
-    duracion_ = TextoDuracion(inicio, fin);
+    duracion_ = std::move(duracion);
     tipo_ = Banda(i, fin);
     bonoNet_ = QuedaBono(fin);
     bonoPendiente_ = bono != nullptr;

@@ -67,6 +67,9 @@ public:
     void Valor(std::int16_t indice, std::string_view clave, Fecha fecha);
     void Valor(std::int16_t indice, std::string_view clave, double numero);
     const RegistroTarifa& Tarifa(std::int16_t indice) const;
+    // Puts a whole record in place, bytes and all (the editor keeps the
+    // records it read so untouched fields are written back unchanged).
+    void Tarifa(std::int16_t indice, const RegistroTarifa& registro);
 
     const std::string& NombreTarifa() const { return nombreTarifa_; }
     void NombreTarifa(std::string nombre) { nombreTarifa_ = std::move(nombre); }

@@ -145,3 +145,94 @@ TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
     r = Ejecutar({"tarifas"});
     EXPECT_NE(r.salida.find("No hay tarifas"), std::string::npos) << r.salida;
 }
+
+TEST_F(Ordenes, TarifasExportarEImportarEnJson) {
+    auto r = Ejecutar({"tarifas", "--exportar"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    const std::string libroDeSerie = vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat");
+    auto j = nlohmann::ordered_json::parse(r.salida);
+    EXPECT_EQ(j["formato"], "vorimesk-tarifas");
+    ASSERT_EQ(j["tarifas"].size(), 5u);
+
+    const std::string archivo = (dir / "libro.json").string();
+    r = Ejecutar({"tarifas", "--exportar", archivo.c_str()});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.salida, "Exportadas 5 tarifas a " + archivo + ".\n");
+    EXPECT_EQ(nlohmann::ordered_json::parse(vorimesk::LeerArchivo(archivo)), j);
+
+    // Exportar e importar deja el mismo archivo.
+    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.errores, "");
+    EXPECT_EQ(vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat"), libroDeSerie);
+
+    // Una tarifa propia: 10 de establecimiento con un minuto incluido, 3 el minuto de dia.
+    auto propia = j["tarifas"][0];
+    propia["Nombre"] = "MiOperador";
+    propia["Conexion.Importe"] = "10";
+    propia["Conexion.Tiempo"] = "01:00:00";
+    propia["Semana.Normal.Importe"] = "3";
+    j["tarifas"].push_back(propia);
+    vorimesk::EscribirArchivoSeguro(archivo, j.dump(2));
+    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.salida, "Importadas 6 tarifas en " + datos + "/Tarifas.Dat.\n");
+    r = Ejecutar({"calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 10:11:00",
+                  "--tarifa", "MiOperador", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(nlohmann::json::parse(r.salida)["importe"], 40.0);
+}
+
+TEST_F(Ordenes, TarifasImportarRechazaSinTocarElLibro) {
+    ASSERT_EQ(Ejecutar({"tarifas", "--exportar"}).estado, 0);
+    const fs::path libro = fs::path(datos) / "Tarifas.Dat";
+    const std::string antes = vorimesk::LeerArchivo(libro);
+    const auto mtime = fs::last_write_time(libro);
+    const std::string archivo = (dir / "malo.json").string();
+    auto j = nlohmann::ordered_json::parse(Ejecutar({"tarifas", "--exportar"}).salida);
+    const auto importar = [&](const std::string& texto) {
+        vorimesk::EscribirArchivoSeguro(archivo, texto);
+        auto r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+        EXPECT_EQ(vorimesk::LeerArchivo(libro), antes);
+        EXPECT_EQ(fs::last_write_time(libro), mtime);
+        return r;
+    };
+
+    auto malo = j;
+    malo["tarifas"][1]["Nombre"] = "Ñandú";
+    malo["tarifas"][3]["Sabado.Normal.Importe"] = "2,5";
+    auto r = importar(malo.dump());
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_EQ(r.salida, "");
+    EXPECT_EQ(r.errores.find("vorimesk-cli: No se importa " + archivo +
+                             "; el libro de tarifas queda como estaba.\n"
+                             "Error en la tarifa 2 (Ñandú): El nombre \"Ñandú\" empieza por"),
+              0u)
+        << r.errores;
+    EXPECT_NE(r.errores.find("Error en la tarifa 4 (Interprovincial): El precio de la franja "
+                             "normal de Sabado (2,5) no es un numero"),
+              std::string::npos)
+        << r.errores;
+
+    r = importar("{\"formato\": \"vorimesk-tarifas\",");
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_NE(r.errores.find("no es un JSON valido (linea 1"), std::string::npos) << r.errores;
+    malo = j;
+    malo["tarifas"] = nlohmann::ordered_json::array();
+    EXPECT_EQ(importar(malo.dump()).estado, 1);
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", (dir / "no-existe.json").c_str()}).estado, 1);
+
+    // Los avisos no impiden importar, pero se muestran.
+    malo = j;
+    malo["tarifas"][0]["Semana.Reducida.Inicio"] = "19:00:00";
+    vorimesk::EscribirArchivoSeguro(archivo, malo.dump());
+    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    EXPECT_EQ(r.estado, 0);
+    EXPECT_EQ(r.errores, "vorimesk-cli: Aviso en la tarifa 1 (Metropolitana): En Semana no hay "
+                         "franja de 18:00:00 a 18:59:59: esas horas se cobran como reducida.\n");
+
+    // Una sola de --json, --importar y --exportar.
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo.c_str(), "--json"}).estado, 2);
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo.c_str(), "--exportar"}).estado, 2);
+    EXPECT_EQ(Ejecutar({"tarifas", "--exportar", "--json"}).estado, 2);
+}

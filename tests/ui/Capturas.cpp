@@ -1,12 +1,36 @@
 // Writes a PNG of every window and dialog into the folder given as argument,
 // for a person to look at (make screenshots; also at 200% with
-// QT_SCALE_FACTOR=2).
+// QT_SCALE_FACTOR=2). The register tools show a register of simulated calls
+// from January to March, and the printed report goes to "informe.pdf".
 
+#include "AnfitrionFalso.h"
+#include "LlamadasSimuladas.h"
+#include "register/Copias.h"
+#include "tariff/LibroPorDefecto.h"
+#include "tariff/cBono.h"
+#include "ui/PanelTarifa.h"
+#include "ui/PilaPrograma.h"
+#include "ui/TablaBandas.h"
 #include "ui/fAbout.h"
+#include "ui/fArchivo.h"
+#include "ui/fFiltro.h"
+#include "ui/fGrafico.h"
+#include "ui/fImprimir.h"
+#include "ui/fPelmorad.h"
+#include "ui/fPer.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPixmap>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTimeEdit>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -16,20 +40,151 @@ using namespace vorimesk;
 
 namespace {
 
+// The data every tool window looks at.
+struct Datos {
+    QTemporaryDir temporal;
+    std::filesystem::path carpeta{temporal.path().toStdString()};
+    RelojFijo reloj{Fecha::Crear(2026, 3, 20, 18, 30, 0)};
+    Log registro{carpeta};
+    cLlamada libro{carpeta};
+    cBono bono{reloj};
+    std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+
+    Datos() {
+        prueba::LlenarConLlamadas(registro, carpeta, Fecha::Crear(2026, 1, 1), 79);
+        libro.Load();
+        bono.DiaFactura(15);
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(registro, libro, reloj.Hoy());
+        anfitrion->inicio = Fecha::Crear(2026, 2, 16);
+        anfitrion->fin = Fecha::Crear(2026, 3, 15, 23, 59, 59);
+        anfitrion->RellenaGrid(CriteriosFiltro::Periodo(anfitrion->inicio, anfitrion->fin));
+        // Two archives made earlier, listed in the index.
+        std::filesystem::create_directory(carpeta / "Copias");
+        Copias copias(Copias::CarpetaDe(carpeta));
+        copias.Archivar(registro, "Copia000.CPR", "Enero", Fecha::Crear(2026, 1, 1),
+                        Fecha::Crear(2026, 1, 31), false);
+        copias.Archivar(registro, "Copia001.CPR", "Febrero", Fecha::Crear(2026, 2, 1),
+                        Fecha::Crear(2026, 2, 28), false);
+        copias.GuardarIndice();
+    }
+};
+
 struct Captura {
     const char* nombre;
-    std::function<std::unique_ptr<QWidget>()> crear;
+    std::function<std::unique_ptr<QWidget>(Datos&)> crear;
 };
+
+// A data folder with the shipped tariff book, alive until the program ends.
+std::filesystem::path CarpetaConLibro() {
+    static QTemporaryDir dir;
+    const std::filesystem::path ruta = dir.path().toStdString();
+    InstalarLibroPorDefecto(ruta);
+    return ruta;
+}
+
+std::unique_ptr<fPelmorad> Editor(int tarifa) {
+    auto v = std::make_unique<fPelmorad>(CarpetaConLibro());
+    v->Seleccionar(tarifa);
+    return v;
+}
+
+// The editor while the user is getting a tariff wrong: a price with a comma,
+// a Saturday with hours left out and overlapping.
+std::unique_ptr<QWidget> EditorConProblemas() {
+    auto v = Editor(2);
+    v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
+    emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
+    v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
+    v->panel->tablas[1]->tmeFin[1]->setTime(QTime(9, 0));
+    return v;
+}
+
+std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
+                                   const std::function<void(fArchivo&)>& antes = {}) {
+    auto w = std::make_unique<fArchivo>(*d.anfitrion, d.registro, d.bono, d.reloj, d.carpeta);
+    w->lAccion->setCurrentRow(accion);
+    for (int i = 0; i < pasos; ++i) {
+        if (i == pasos - 1 && antes) {
+            antes(*w);
+        }
+        w->Siguiente();
+    }
+    return w;
+}
+
+void ElegirCopia(fArchivo& w, const char* nombre) {
+    const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+    if (!e.isEmpty()) {
+        w.File1->setCurrentItem(e.front());
+    }
+}
+
+std::unique_ptr<QWidget> Grafico(Datos& d, int vista, int tipo, int dato, int mes = -1) {
+    auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
+    g->Option1[vista]->click();
+    g->cmbTipoGraf->setCurrentIndex(tipo);
+    g->cmbTipoDato->setCurrentIndex(dato);
+    if (mes >= 0) {
+        g->Combo1->setCurrentIndex(mes);
+    }
+    return g;
+}
 
 std::vector<Captura> Capturas() {
     return {
-        {"acerca-de", [] { return std::make_unique<fAbout>(); }},
+        {"acerca-de", [](Datos&) { return std::make_unique<fAbout>(); }},
         {"banner-inicio",
-         [] {
+         [](Datos&) {
              auto a = std::make_unique<fAbout>();
              a->ModoBanner(true);
              return a;
          }},
+        {"pelmorad", [](Datos&) { return Editor(0); }},
+        {"pelmorad-problemas", [](Datos&) { return EditorConProblemas(); }},
+        {"filtro",
+         [](Datos& d) {
+             auto f = std::make_unique<fFiltro>(*d.anfitrion, d.reloj);
+             f->bFec->click();
+             f->fecDesde->setDate(QDate(2026, 2, 16));
+             f->bTiempo->click();
+             f->HoraTiempo->setTime(QTime(0, 30, 0));
+             f->bDia->click();
+             f->Combo4->setCurrentIndex(2);
+             return f;
+         }},
+        {"selector-periodos",
+         [](Datos& d) {
+             PilaPrograma().Meter(std::int64_t{15});
+             PilaPrograma().Meter(std::int64_t{0});
+             PilaPrograma().Meter(d.registro.Dia(0));
+             return std::make_unique<fPer>(d.reloj);
+         }},
+        {"archivo-1-accion", [](Datos& d) { return Asistente(d, 0, 0); }},
+        {"archivo-2-periodo", [](Datos& d) { return Asistente(d, 0, 1); }},
+        {"archivo-3-nombre", [](Datos& d) { return Asistente(d, 0, 2); }},
+        {"archivo-4-conservar", [](Datos& d) { return Asistente(d, 0, 3); }},
+        {"archivo-recuperar-modo", [](Datos& d) { return Asistente(d, 1, 1); }},
+        {"archivo-recuperar-lista",
+         [](Datos& d) {
+             auto w = Asistente(d, 1, 2, [](fArchivo& a) { a.Option3->setChecked(true); });
+             ElegirCopia(static_cast<fArchivo&>(*w), "Copia001.CPR");
+             return w;
+         }},
+        {"archivo-ver",
+         [](Datos& d) {
+             return Asistente(d, 2, 2, [](fArchivo& a) { ElegirCopia(a, "Copia001.CPR"); });
+         }},
+        {"archivo-borrar",
+         [](Datos& d) {
+             return Asistente(d, 3, 2, [](fArchivo& a) { ElegirCopia(a, "Copia000.CPR"); });
+         }},
+        {"grafico-anual-barras2d", [](Datos& d) { return Grafico(d, 0, 0, 0); }},
+        {"grafico-mensual-barras3d", [](Datos& d) { return Grafico(d, 1, 1, 1); }},
+        {"grafico-diario-lineas", [](Datos& d) { return Grafico(d, 2, 2, 2, 1); }},
+        {"grafico-diario-area", [](Datos& d) { return Grafico(d, 2, 3, 1, 2); }},
+        {"grafico-diario-barras3d", [](Datos& d) { return Grafico(d, 2, 1, 0, 0); }},
+        {"grafico-mensual-tiempo-barras2d", [](Datos& d) { return Grafico(d, 1, 0, 2); }},
+        {"imprimir", [](Datos& d) { return std::make_unique<fImprimir>(*d.anfitrion, d.libro); }},
     };
 }
 
@@ -42,8 +197,9 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const QString carpeta = argc > 1 ? QString::fromLocal8Bit(argv[1]) : "screenshots";
     QDir().mkpath(carpeta);
+    Datos datos;
     for (const Captura& c : Capturas()) {
-        auto ventana = c.crear();
+        auto ventana = c.crear(datos);
         ventana->adjustSize();
         ventana->show();
         QApplication::processEvents();
@@ -54,5 +210,13 @@ int main(int argc, char** argv) {
         }
         std::printf("%s\n", qPrintable(ruta));
     }
+    fImprimir informe(*datos.anfitrion, datos.libro);
+    informe.Check2->setChecked(true);
+    const QString pdf = carpeta + "/informe.pdf";
+    if (!informe.ImprimirPdf(pdf)) {
+        std::fprintf(stderr, "No se pudo escribir %s\n", qPrintable(pdf));
+        return 1;
+    }
+    std::printf("%s\n", qPrintable(pdf));
     return 0;
 }

@@ -1,0 +1,43 @@
+// recalcular: prices every call of the register again with the current
+// tariffs, holidays and bono ledger, as the main window offers after an edit.
+
+#include "AjustesCli.h"
+#include "OrdenesRegistro.h"
+#include "register/Log.h"
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace vorimesk::cli {
+namespace {
+
+int Recalcular(ContextoCli& contexto, bool json, std::ostream& salida) {
+    AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
+    Log log(contexto.Carpeta());
+    log.CargarLog();
+    log.ModificarLog(ajustes.bono, ajustes.festivos);
+    log.SalvarLog();
+    GuardarBonoSiCambio(ajustes);
+    if (json) {
+        salida << nlohmann::json{{"llamadas", log.Count()}}.dump() << "\n";
+    } else {
+        salida << "Llamadas recalculadas: " << log.Count() << ".\n";
+    }
+    return kSalidaBien;
+}
+
+} // namespace
+
+void RegistrarOrdenRecalcular(AplicacionCli& aplicacion) {
+    auto json = std::make_shared<bool>(false);
+    ContextoCli& contexto = aplicacion.Contexto();
+    CLI::App* orden = aplicacion.Orden(
+        "recalcular", "Vuelve a calcular todas las llamadas del registro con los datos actuales",
+        [json, &contexto](std::ostream& salida, std::ostream&) {
+            return Recalcular(contexto, *json, salida);
+        });
+    orden->add_flag("--json", *json, "Resultado como documento JSON");
+}
+
+} // namespace vorimesk::cli

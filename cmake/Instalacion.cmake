@@ -1,0 +1,53 @@
+# What `make install` puts on the system, and the Debian package built from it.
+include(GNUInstallDirs)
+
+foreach(programa vorimesk vorimesk-cli pelmorad)
+  if(TARGET ${programa})
+    install(TARGETS ${programa} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  endif()
+endforeach()
+
+install(FILES data/vorimesk.desktop data/pelmorad.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES data/es.vorimesk.Vorimesk.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES data/iconos/vorimesk.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/iconos/
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk/ayuda)
+install(FILES data/man/vorimesk-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# The shipped tariff book as a file, for users who want to start over by hand.
+if(TARGET vorimesk-cli)
+  set(_libro ${CMAKE_BINARY_DIR}/libro-de-serie)
+  add_custom_command(
+    OUTPUT ${_libro}/Tarifas.Dat
+    COMMAND ${CMAKE_COMMAND} -E rm -rf ${_libro}
+    COMMAND vorimesk-cli --datos ${_libro} tarifas > ${CMAKE_BINARY_DIR}/libro-de-serie.txt
+    DEPENDS vorimesk-cli
+    COMMENT "Escribiendo el libro de tarifas de serie")
+  add_custom_target(libro_de_serie ALL DEPENDS ${_libro}/Tarifas.Dat)
+  install(FILES ${_libro}/Tarifas.Dat DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk)
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vorimesk)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "Equipo Vorimesk <equipo@vorimesk.es>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "contador de coste de las conexiones a Internet por modem")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Vigila el enlace PPP, cronometra y tarifica cada llamada con las tarifas del\n usuario, guarda un registro de llamadas y lo filtra, grafica, imprime y archiva.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ppp")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/data/debian/conffiles ${PROJECT_SOURCE_DIR}/data/debian/postrm)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+# The pppd hook must land in /etc/ppp whatever the prefix, so the package is
+# staged with DESTDIR and its own /usr prefix.
+set(CPACK_SET_DESTDIR ON)
+set(CPACK_INSTALL_PREFIX /usr)
+include(CPack)

@@ -1,0 +1,92 @@
+#pragma once
+// Pelmorad, the tariff editor: the list of tariffs of the data folder's
+// "Tarifas.Dat" beside the fields of the selected one. Edits stay in memory
+// (see LibroEditable) until "Guardar", which refuses while the checks find
+// errors; importing and exporting go through the JSON form of the book.
+
+#include "tariff/LibroEditable.h"
+#include "tariff/ValidacionTarifas.h"
+
+#include <QMainWindow>
+#include <filesystem>
+#include <vector>
+
+class QAction;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+namespace vorimesk {
+
+class PanelTarifa;
+
+class fPelmorad : public QMainWindow {
+    Q_OBJECT
+public:
+    // `carpeta` is the data folder; its book is read at once.
+    explicit fPelmorad(std::filesystem::path carpeta, QWidget* padre = nullptr);
+
+    const LibroEditable& Libro() const { return libro_; }
+    const std::vector<Problema>& Problemas() const { return problemas_; }
+    int Actual() const { return actual_; }
+    void Seleccionar(int indice);
+
+    // Each reports to the user in a message box and returns whether it did
+    // what it was asked.
+    bool Guardar();
+    bool ImportarDesde(const QString& ruta);
+    bool ExportarA(const QString& ruta);
+    bool RestaurarDeSerie();
+
+    QListWidget* lstTarifas = nullptr;
+    QPushButton* cmdAñadir = nullptr;
+    QPushButton* cmdCopiar = nullptr;
+    QPushButton* cmdEliminar = nullptr;
+    QPushButton* cmdRenombrar = nullptr;
+    QPushButton* cmdSubir = nullptr;
+    QPushButton* cmdBajar = nullptr;
+    QListWidget* lstProblemas = nullptr;
+    PanelTarifa* panel = nullptr;
+    QAction* accGuardar = nullptr;
+    QAction* accImportar = nullptr;
+    QAction* accExportar = nullptr;
+    QAction* accRestaurar = nullptr;
+    QAction* accSalir = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    QWidget* CrearLista();
+    QWidget* CrearDerecha();
+    void CrearAcciones();
+    void Cargar();
+    void Sustituir(LibroEditable libro, int seleccion);
+    // After the list of tariffs changed: checks again and shows it.
+    void Refrescar(int seleccion);
+    void Rellenar(int seleccion);
+    void AlSeleccionar(int fila);
+    void AlCambiar(const QString& clave, const QString& texto);
+    void Añadir();
+    void Copiar();
+    void Eliminar();
+    void Renombrar();
+    void Mover(int paso);
+    void Modificado();
+    void Revisar();
+    void PintarProblemas();
+    // The fields of the selected tariff show its problems.
+    void MarcarActual();
+    void ActualizarBotones();
+    void IrAProblema(QListWidgetItem* item);
+    void PedirImportar();
+    void PedirExportar();
+
+    std::filesystem::path carpeta_;
+    LibroEditable libro_;
+    std::vector<Problema> problemas_;
+    int actual_ = -1;
+    bool leido_ = true;
+};
+
+} // namespace vorimesk

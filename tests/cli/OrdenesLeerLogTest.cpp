@@ -1,0 +1,223 @@
+// leer-log and recalcular as outside tests drive them, and the settings file
+// behind every command that prices.
+
+#include "AplicacionCli.h"
+#include "CarpetaTemporal.h"
+#include "RegistroAMano.h"
+#include "settings/ArchivoVariables.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+using namespace vorimesk;
+using namespace vorimesk::cli;
+using namespace vorimesk::prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Resultado {
+    int estado;
+    std::string salida;
+    std::string errores;
+};
+
+// Log lines as the pppd hook writes them, all on Monday 2 March 2026.
+std::string Linea(const std::string& hora, const std::string& mensaje) {
+    return "03-02-2026 " + hora + ".00 - " + mensaje + "\r\n";
+}
+std::string Sesion(const std::string& desde, const std::string& hasta) {
+    return Linea(desde, "Modem in use: ppp0 /dev/ttyS0 casa") + Linea(desde, "CONNECT 115200") +
+           Linea(hasta, "Reads : 1536 bytes") + Linea(hasta, "Writes: 2560 bytes") +
+           Linea(hasta, "Modem closed.");
+}
+
+class OrdenesLeerLog : public CarpetaTemporal {
+protected:
+    void SetUp() override {
+        CarpetaTemporal::SetUp();
+        datos = dir / "datos"; // made by the first command, with the shipped tariff book
+        ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0);
+    }
+    Resultado Ejecutar(std::vector<std::string> args) {
+        args.insert(args.begin(), {"vorimesk-cli", "--datos", datos.string()});
+        std::vector<const char*> argv;
+        for (const std::string& a : args) {
+            argv.push_back(a.c_str());
+        }
+        AplicacionCli app;
+        RegistrarOrdenes(app);
+        std::ostringstream salida, errores;
+        const int e = app.Ejecutar(static_cast<int>(argv.size()), argv.data(), salida, errores);
+        return {e, salida.str(), errores.str()};
+    }
+    nlohmann::json Json(std::vector<std::string> args) {
+        const Resultado r = Ejecutar(std::move(args));
+        EXPECT_EQ(r.estado, 0) << r.errores;
+        return nlohmann::json::parse(r.salida.empty() ? "null" : r.salida);
+    }
+    fs::path ModemLog() const { return dir / "modemlog.txt"; }
+    fs::path Variables() const { return datos / "Varibles.Dat"; }
+    fs::path Registro() const { return datos / "RegDat.log"; }
+    // Settings with one 10DIA bundle of `resto` left.
+    void OpcionesConBono(const std::string& resto, std::vector<Fecha> festivos = {}) {
+        Settings s = ValoresPorDefecto();
+        s.Bonos.push_back({0, Fecha::Crear(2026, 3, 1), FechaVariante::Vacia(), resto});
+        s.Festivos = std::move(festivos);
+        s.Reservado1 = 77;
+        GuardarVariables(Variables(), s);
+    }
+
+    fs::path datos;
+};
+
+} // namespace
+
+TEST_F(OrdenesLeerLog, DosSesionesCompletasSonDosLlamadasYElLogSeBorra) {
+    Escribir(ModemLog(), Sesion("10:00:00", "10:01:00") + Sesion("11:00:00", "11:10:00"));
+    const Resultado r = Ejecutar({"leer-log", "--log", ModemLog().string(), "--pendiente",
+                                  "2026-03-02 10:00:00|Casa|Provincial|Ninguno", "--pendiente",
+                                  "2026-03-02 12:00:00|Otra|Provincial|", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.salida, "{\"resultado\":true,\"añadidas\":2}\n");
+    EXPECT_FALSE(Existe(ModemLog()));
+
+    const nlohmann::json ll = Json({"registro", "--json"})["llamadas"];
+    ASSERT_EQ(ll.size(), 2u);
+    EXPECT_EQ(ll[0]["Dia"], "2026-03-02");
+    EXPECT_EQ(ll[0]["Hora"], "10:00:00");
+    EXPECT_EQ(ll[0]["Duracion"], "00:01:00");
+    EXPECT_EQ(ll[0]["importe"], "25.43"); // 11.72 + 1 min at 13.71
+    EXPECT_EQ(ll[0]["Tipo"], 0);
+    EXPECT_EQ(ll[0]["Tarifa"], "Provincial");
+    EXPECT_EQ(ll[0]["Conexion"], "Casa");
+    EXPECT_EQ(ll[0]["Bono"], 0);
+    EXPECT_EQ(ll[0]["Recibidos"], 2);
+    EXPECT_EQ(ll[0]["Enviados"], 2);
+    EXPECT_EQ(ll[1]["Hora"], "11:00:00");
+    EXPECT_EQ(ll[1]["importe"], "36.72"); // no profile: Metropolitana
+    EXPECT_EQ(ll[1]["Tarifa"], "");
+    EXPECT_EQ(ll[1]["Conexion"], "Casa");
+
+    // Nothing left to read; the count is the net change.
+    EXPECT_EQ(Json({"leer-log", "--log", ModemLog().string(), "--json"}),
+              (nlohmann::json{{"resultado", false}, {"añadidas", 0}}));
+    const Resultado texto = Ejecutar({"leer-log", "--log", ModemLog().string()});
+    EXPECT_EQ(texto.estado, 0);
+    EXPECT_NE(texto.salida.find("se conserva"), std::string::npos) << texto.salida;
+}
+
+TEST_F(OrdenesLeerLog, UnaSesionSinTerminarNoAñadeNadaYGuardaElLog) {
+    OpcionesConBono("10:00:00");
+    const std::string opciones = Leer(Variables());
+    const std::string log =
+        Sesion("10:00:00", "10:30:00") + Linea("11:00:00", "Modem in use: ppp0 /dev/ttyS0 casa");
+    Escribir(ModemLog(), log);
+    EXPECT_EQ(Json({"leer-log", "--log", ModemLog().string(), "--json"}),
+              (nlohmann::json{{"resultado", false}, {"añadidas", 0}}));
+    EXPECT_EQ(Leer(ModemLog()), log);
+    EXPECT_EQ(Json({"registro", "--json"})["llamadas"].size(), 0u);
+    EXPECT_EQ(Leer(Variables()), opciones) << "the dropped call used no bundle";
+}
+
+TEST_F(OrdenesLeerLog, ElBonoDeLasOpcionesPagaYSeGuarda) {
+    OpcionesConBono("10:00:00");
+    Escribir(ModemLog(), Sesion("10:00:00", "10:30:00"));
+    ASSERT_EQ(Json({"leer-log", "--log", ModemLog().string(), "--pendiente",
+                    "2026-03-02 10:00:00|Casa|BonoNet|BonoNet", "--json"})["añadidas"],
+              1);
+    EXPECT_EQ(Json({"registro", "--json"})["llamadas"][0]["importe"], "11.72");
+    const LecturaVariables l = LeerVariables(Variables());
+    ASSERT_FALSE(l.dañado);
+    ASSERT_EQ(l.valores.Bonos.size(), 1u);
+    EXPECT_EQ(l.valores.Bonos[0].tiempo, "09:30:00");
+    EXPECT_EQ(l.valores.Reservado1, 77) << "the rest of the file as it was";
+}
+
+TEST_F(OrdenesLeerLog, RecalcularConLosFestivosYElBonoDeLasOpciones) {
+    CamposAMano a; // Monday 2 March 2026, 10:00, 10 minutes
+    a.dia = Fecha::Crear(2026, 3, 2).AOle();
+    a.hora = Fecha::DesdeSegundos(36000).AOle();
+    a.duracion = "00:10:00";
+    a.importe = "999";
+    a.tarifa = "Provincial";
+    CamposAMano b = a; // Tuesday, a holiday in the settings
+    b.dia = Fecha::Crear(2026, 3, 3).AOle();
+    Escribir(Registro(), RegistroAMano(a) + RegistroAMano(b));
+    OpcionesConBono("00:00:00", {Fecha::Crear(2026, 3, 3)});
+
+    EXPECT_EQ(Ejecutar({"recalcular", "--json"}).salida, "{\"llamadas\":2}\n");
+    const nlohmann::json ll = Json({"registro", "--json"})["llamadas"];
+    // The ledger starts full: both calls go against the day bundle, the
+    // holiday one at night (Festivo is all reduced) with no night bundle.
+    EXPECT_EQ(ll[0]["importe"], "11.72");
+    EXPECT_EQ(ll[0]["Bono"], -1);
+    EXPECT_NE(ll[1]["importe"], "11.72");
+    EXPECT_EQ(ll[1]["Tipo"], 1);
+    EXPECT_EQ(ll[1]["Tarifa"], "Provincial");
+    EXPECT_EQ(LeerVariables(Variables()).valores.Bonos.at(0).tiempo, "09:50:00");
+
+    const Resultado texto = Ejecutar({"recalcular"});
+    EXPECT_EQ(texto.estado, 0);
+    EXPECT_EQ(texto.salida, "Llamadas recalculadas: 2.\n");
+}
+
+TEST_F(OrdenesLeerLog, CalcularTomaFestivosYBonoDeLasOpciones) {
+    OpcionesConBono("10:00:00", {Fecha::Crear(2026, 3, 2)});
+    const auto r = Json({"calcular", "--inicio", "2026-03-02 10:00:00", "--fin",
+                         "2026-03-02 10:30:00", "--bono", "--json"});
+    EXPECT_EQ(r["tipoActual"], 1) << "a holiday of the settings file";
+    EXPECT_EQ(r["bonoNetActual"], false) << "holiday: night group, no night bundle";
+    OpcionesConBono("10:00:00");
+    const auto dia = Json({"calcular", "--inicio", "2026-03-02 10:00:00", "--fin",
+                           "2026-03-02 10:30:00", "--bono", "--json"});
+    EXPECT_EQ(dia["importe"], 11.72);
+    EXPECT_EQ(dia["bonoNetActual"], true);
+}
+
+TEST_F(OrdenesLeerLog, OpcionesDañadasParanSinCambiarNada) {
+    Escribir(ModemLog(), Sesion("10:00:00", "10:01:00"));
+    Escribir(Registro(), RegistroAMano(CamposAMano{}));
+    const std::string registro = Leer(Registro());
+    for (const std::string& malas :
+         {std::string("#TRUE#\r\n#FALSE#\r\nxyz\r\n"), [this] {
+              // A bono kind the ledger does not know.
+              Settings s = ValoresPorDefecto();
+              s.Bonos.push_back({7, Fecha::Crear(2026, 3, 1), {}, "10:00:00"});
+              GuardarVariables(Variables(), s);
+              return Leer(Variables());
+          }()}) {
+        Escribir(Variables(), malas);
+        for (std::vector<std::string> orden :
+             {std::vector<std::string>{"leer-log", "--log", ModemLog().string()},
+              {"recalcular"},
+              {"calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 10:01:00"}}) {
+            const Resultado r = Ejecutar(orden);
+            EXPECT_EQ(r.estado, 1) << orden[0];
+            EXPECT_NE(r.errores.find("Varibles.Dat"), std::string::npos) << r.errores;
+            EXPECT_NE(r.errores.find("dañado"), std::string::npos) << r.errores;
+        }
+        EXPECT_EQ(Leer(Variables()), malas);
+        EXPECT_EQ(Leer(Registro()), registro);
+        EXPECT_TRUE(Existe(ModemLog()));
+    }
+}
+
+TEST_F(OrdenesLeerLog, ErroresDeUsoYDeLog) {
+    for (const char* mal : {"2026-03-02 10:00:00|Casa|Provincial", "ayer|Casa|Provincial|",
+                            "2026-03-02 10:00:00|a|b|c|d"}) {
+        const Resultado r =
+            Ejecutar({"leer-log", "--log", ModemLog().string(), "--pendiente", mal});
+        EXPECT_EQ(r.estado, 2) << mal;
+    }
+    EXPECT_EQ(Ejecutar({"leer-log"}).estado, 2);
+
+    // A log whose stamps are no dates: a user error, the log stays.
+    const std::string malo = Sesion("10:00:00", "10:01:00") + "13-45-2026 11:00:00.00 - in use\r\n";
+    Escribir(ModemLog(), malo);
+    const Resultado r = Ejecutar({"leer-log", "--log", ModemLog().string()});
+    EXPECT_EQ(r.estado, 1);
+    EXPECT_NE(r.errores.find("log del modem"), std::string::npos) << r.errores;
+    EXPECT_EQ(Leer(ModemLog()), malo);
+}

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Builds the Debian package from an already built tree and checks that it holds
+# what a desktop install needs, with nothing outside the system folders.
+set -euo pipefail
+build=$1
+fuentes=$2
+cd "$build"
+rm -f vorimesk_*.deb
+cpack -G DEB >cpack.log 2>&1 || { cat cpack.log; exit 1; }
+deb=$(ls vorimesk_*.deb)
+lista=$(dpkg-deb -c "$deb" | awk '{print $6}')
+falta=0
+for ruta in \
+    ./usr/bin/vorimesk-cli \
+    ./usr/share/applications/vorimesk.desktop \
+    ./usr/share/metainfo/es.vorimesk.Vorimesk.metainfo.xml \
+    ./usr/share/icons/hicolor/scalable/apps/vorimesk.svg \
+    ./usr/share/icons/hicolor/48x48/apps/vorimesk.png \
+    ./usr/share/icons/hicolor/256x256/apps/vorimesk.png \
+    ./usr/share/man/man1/vorimesk-cli.1 \
+    ./usr/share/doc/vorimesk/ayuda/index.html \
+    ./usr/share/vorimesk/Tarifas.Dat \
+    ./etc/ppp/ip-up.d/vorimesk \
+    ./etc/ppp/ip-down.d/vorimesk; do
+  if ! grep -qx -- "$ruta" <<<"$lista"; then
+    echo "Falta en el paquete: $ruta"
+    falta=1
+  fi
+done
+for programa in vorimesk pelmorad; do
+  if [ -x "apps/$programa/$programa" ] && ! grep -qx -- "./usr/bin/$programa" <<<"$lista"; then
+    echo "Falta en el paquete: ./usr/bin/$programa"
+    falta=1
+  fi
+done
+fuera=$(grep -vE '^\./(usr|etc)(/|$)|^\./$' <<<"$lista" || true)
+if [ -n "$fuera" ]; then
+  echo "Archivos fuera de /usr y /etc:"; echo "$fuera"; falta=1
+fi
+dpkg-deb -I "$deb" control | grep -q '^Depends:.*libc6' || { echo "El paquete no declara sus dependencias"; falta=1; }
+dpkg-deb -I "$deb" conffiles | grep -q '/etc/ppp/ip-up.d/vorimesk' || { echo "Faltan los conffiles"; falta=1; }
+desktop-file-validate "$fuentes"/data/*.desktop
+appstreamcli validate --no-net "$fuentes"/data/es.vorimesk.Vorimesk.metainfo.xml >/dev/null
+exit $falta

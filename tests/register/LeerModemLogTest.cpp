@@ -1,0 +1,459 @@
+// The modem log reader behind AñadirLog / CrearLog: sessions rebuilt into
+// priced calls, the pending connections, the bono ledger and the log kept or
+// deleted. Logs are written with the platform's own formatter, the text the
+// pppd hook writes too.
+
+#include "CarpetaTemporal.h"
+#include "core/CerrojoArchivo.h"
+#include "core/Errores.h"
+#include "platform/LineasModemLog.h"
+#include "register/Importe.h"
+#include "register/Log.h"
+#include "tariff/LibroPorDefecto.h"
+#include "tariff/cLlamada.h"
+
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <limits>
+#include <thread>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+Fecha Lunes(int h, int m, int s = 0) {
+    return Fecha::Crear(2026, 3, 2, h, m, s); // a Monday
+}
+
+std::string Subida(Fecha t, const std::string& entrada = "casa") {
+    return BloqueSubida(t, {"ppp0", "/dev/ttyS0", entrada, "115200"});
+}
+std::string Bajada(Fecha t, std::uint64_t recibidos = 1536, std::uint64_t enviados = 2560) {
+    return BloqueBajada(t, {recibidos, enviados});
+}
+std::string Sesion(Fecha desde, Fecha hasta, std::uint64_t recibidos = 1536,
+                   std::uint64_t enviados = 2560) {
+    return Subida(desde) + Bajada(hasta, recibidos, enviados);
+}
+
+// The same log with other line ends.
+std::string ConFinales(const std::string& crlf, const std::string& fin) {
+    std::string r;
+    for (std::size_t i = 0; i < crlf.size(); ++i) {
+        if (crlf.compare(i, 2, "\r\n") == 0) {
+            r += fin;
+            ++i;
+        } else {
+            r += crlf[i];
+        }
+    }
+    return r;
+}
+
+class LeerModemLog : public CarpetaTemporal {
+protected:
+    void SetUp() override {
+        CarpetaTemporal::SetUp();
+        cLlamada libro(dir);
+        RellenarLibroPorDefecto(libro);
+        libro.Save();
+        log = Log(dir); // the data folder exists from here on
+        log.NombreLog(ModemLog().string());
+    }
+    fs::path ModemLog() const { return dir / "modemlog.txt"; }
+    bool Añadir() { return log.AñadirLog(bono, festivos, pendientes); }
+    void Pendiente(Fecha t, const std::string& tarifa, const std::string& descuento,
+                   const std::string& conexion) {
+        pendientes.Add(t, tarifa, descuento, conexion);
+    }
+    // A call already in the register before the run.
+    void UnaLlamadaPrevia() {
+        log.AñadirItem(Fecha::Crear(1999, 11, 15), Fecha::DesdeSegundos(43200), "00:05:00", "125",
+                       0, "Metropolitana", "Casa", "", 0, 1, 2);
+    }
+
+    Log log{fs::path()};
+    cBono bono;
+    std::vector<Fecha> festivos;
+    colConexion pendientes;
+};
+
+class LineasDelLog : public LeerModemLog, public ::testing::WithParamInterface<const char*> {
+protected:
+    void EscribirLog(const std::string& crlf) {
+        Escribir(ModemLog(), ConFinales(crlf, GetParam()));
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Finales, LineasDelLog, ::testing::Values("\r\n", "\n", "\r"),
+                         [](const auto& info) {
+                             return std::string(info.param) == "\r\n" ? "CRLF"
+                                    : std::string(info.param) == "\n" ? "LF"
+                                                                      : "CR";
+                         });
+
+} // namespace
+
+TEST_P(LineasDelLog, UnaSesionCompletaDaUnaLlamadaPreciadaYBorraElLog) {
+    UnaLlamadaPrevia();
+    Pendiente(Lunes(10, 0), "Metropolitana", "Ninguno", "Casa");
+    Pendiente(Lunes(9, 0), "Provincial", "", "Oficina");
+    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 10)));
+
+    ASSERT_TRUE(Añadir());
+    ASSERT_EQ(log.Count(), 2);
+    EXPECT_EQ(log.Dia(1), Fecha::Crear(2026, 3, 2));
+    EXPECT_EQ(log.Hora(1), Fecha::DesdeSegundos(10 * 3600));
+    EXPECT_EQ(log.Duracion(1), "00:10:00");
+    EXPECT_EQ(log.importe(1), "36.72"); // 11.72 + 10 min at 2.5
+    EXPECT_EQ(log.Tipo(1), 0);
+    EXPECT_EQ(log.Tarifa(1), "Metropolitana");
+    EXPECT_EQ(log.Conexion(1), "Casa");
+    EXPECT_EQ(log.Reservada(1), "");
+    EXPECT_EQ(log.Bono(1), 0);
+    EXPECT_EQ(log.Recibidos(1), 2); // 1536 bytes = 1.5 KB, to even
+    EXPECT_EQ(log.Enviados(1), 2);  // 2560 bytes = 2.5 KB, to even
+    EXPECT_FALSE(Existe(ModemLog()));
+    EXPECT_EQ(pendientes.Count(), 0) << "every pending connection goes, matched or not";
+    EXPECT_EQ(log.importe(0), "125") << "the calls already there stay";
+}
+
+TEST_P(LineasDelLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
+    UnaLlamadaPrevia();
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1));
+    Pendiente(Lunes(10, 0), "BonoNet", "BonoNet", "Casa");
+    const std::string completa = Sesion(Lunes(10, 0), Lunes(10, 30));
+
+    // Only "in use" of the next session.
+    EscribirLog(completa + LineaModemLog(Lunes(11, 0), "Modem in use: ppp0"));
+    EXPECT_FALSE(Añadir());
+    EXPECT_EQ(log.Count(), 1);
+    EXPECT_EQ(bono.tiempo(0), "10:00:00") << "the dropped call used no bundle time";
+    EXPECT_TRUE(Existe(ModemLog()));
+    EXPECT_EQ(pendientes.Count(), 1);
+
+    // The link came up and is still up.
+    EscribirLog(completa + Subida(Lunes(11, 0)));
+    EXPECT_FALSE(Añadir());
+    EXPECT_EQ(log.Count(), 1);
+
+    // Once the hook has written the end, the whole log is taken in one run.
+    EscribirLog(completa + Subida(Lunes(11, 0)) + Bajada(Lunes(11, 5)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 3);
+    EXPECT_EQ(bono.tiempo(0), "09:25:00");
+    EXPECT_FALSE(Existe(ModemLog()));
+}
+
+TEST_P(LineasDelLog, LineasSinClaveTrasUnaSesionRepitenSuLlamada) {
+    // A blank line and a line of other text, then a last line with no end:
+    // each appends one more copy, and nothing more comes after.
+    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 10)) + "\r\n" +
+                "03-02-2026 10:10:01.00 - Modem reset\r\n" + "03-02-2026 10:10:02.00 - otra");
+    ASSERT_TRUE(Añadir());
+    ASSERT_EQ(log.Count(), 4);
+    for (int i = 1; i < 4; ++i) {
+        EXPECT_EQ(log.Registro(i), log.Registro(0));
+    }
+
+    // A new session stops the copies.
+    EscribirLog(Sesion(Lunes(12, 0), Lunes(12, 1)) + "\r\n" + Sesion(Lunes(13, 0), Lunes(13, 1)));
+    ASSERT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 4 + 3);
+    EXPECT_EQ(log.Hora(5), log.Hora(4));
+    EXPECT_EQ(log.Hora(6), Fecha::DesdeSegundos(13 * 3600));
+}
+
+TEST_P(LineasDelLog, SinConexionPendienteSeTarificaConBonoYConservaLaConexionAnterior) {
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA
+    Pendiente(Lunes(12, 0), "Provincial", "Ninguno", "Oficina");
+    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 30)) + // none pending, first of the run
+                Sesion(Lunes(12, 0), Lunes(12, 1)) +  // Oficina
+                Sesion(Lunes(14, 0), Lunes(14, 30))); // none pending again
+    ASSERT_TRUE(Añadir());
+    ASSERT_EQ(log.Count(), 3);
+
+    // No tariff and no discount: "Metropolitana" with the ledger.
+    EXPECT_EQ(log.Tarifa(0), "");
+    EXPECT_EQ(log.Conexion(0), "");
+    EXPECT_EQ(log.importe(0), "11.72") << "the bundle paid the minutes";
+    EXPECT_EQ(log.Bono(0), -1);
+
+    EXPECT_EQ(log.Tarifa(1), "Provincial");
+    EXPECT_EQ(log.Conexion(1), "Oficina");
+    EXPECT_EQ(log.importe(1), "25.43"); // 11.72 + 1 min at 13.71, no bundle
+
+    EXPECT_EQ(log.Tarifa(2), "");
+    EXPECT_EQ(log.Conexion(2), "Oficina") << "the name is kept from the last session";
+    EXPECT_EQ(log.Bono(2), -1);
+    EXPECT_EQ(bono.tiempo(0), "09:00:00");
+}
+
+TEST_P(LineasDelLog, BytesEnKilobytesRedondeadosAPar) {
+    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 1), 3584, 1535) +           // 3.5 and 1.499
+                Sesion(Lunes(11, 0), Lunes(11, 1), 0, 2048 * 1024 + 512)); // 2048.5
+    ASSERT_TRUE(Añadir());
+    EXPECT_EQ(log.Recibidos(0), 4);
+    EXPECT_EQ(log.Enviados(0), 1);
+    EXPECT_EQ(log.Recibidos(1), 0);
+    EXPECT_EQ(log.Enviados(1), 2048);
+}
+
+TEST_F(LeerModemLog, SinLogOVacioNoHayNadaQueLeer) {
+    UnaLlamadaPrevia();
+    Pendiente(Lunes(10, 0), "", "", "Casa");
+    EXPECT_FALSE(Añadir());
+    Escribir(ModemLog(), "");
+    EXPECT_FALSE(Añadir());
+    EXPECT_TRUE(Existe(ModemLog()));
+    // Lines but no session.
+    Escribir(ModemLog(), "\r\n\r\n03-02-2026 10:00:00.00 - Dialing\r\n");
+    EXPECT_FALSE(Añadir());
+    EXPECT_EQ(log.Count(), 1);
+    EXPECT_EQ(pendientes.Count(), 1);
+    EXPECT_TRUE(Existe(ModemLog()));
+
+    log.NombreLog("");
+    try {
+        Añadir();
+        ADD_FAILURE() << "sin ruta del log no se lee nada";
+    } catch (const Error& e) {
+        EXPECT_EQ(std::string(e.what()),
+                  "Aun no se inicializado el origen del Log.\nNo se puede crear");
+    }
+    EXPECT_EQ(log.Count(), 1);
+}
+
+TEST_F(LeerModemLog, SesionesIncompletasSegunSuContador) {
+    // Up and closed with no byte counts (1 + 2 + 16): the run keeps no call,
+    // but the session is finished, so the log goes.
+    Escribir(ModemLog(), LineaModemLog(Lunes(10, 0), "Modem in use") +
+                             LineaModemLog(Lunes(10, 0), "CONNECT") +
+                             LineaModemLog(Lunes(10, 5), "Modem closed."));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 0);
+    EXPECT_FALSE(Existe(ModemLog()));
+
+    // A log that begins after its "in use" (2 + 4 + 8 + 16 = 30): no call,
+    // finished, deleted.
+    Escribir(ModemLog(), LineaModemLog(Lunes(10, 0), "CONNECT") + Bajada(Lunes(10, 5)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 0);
+    EXPECT_FALSE(Existe(ModemLog()));
+
+    // Only the end of a session (4 + 8 + 16): nothing to price, deleted.
+    Escribir(ModemLog(), Bajada(Lunes(10, 5)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_FALSE(Existe(ModemLog()));
+}
+
+TEST_F(LeerModemLog, UnLogQueNoFormaFechasNoCambiaNada) {
+    UnaLlamadaPrevia();
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1));
+    Pendiente(Lunes(10, 0), "", "", "Casa");
+    const std::string buena = Sesion(Lunes(10, 0), Lunes(10, 30));
+    const std::vector<std::string> malas = {
+        buena + "13-45-2026 11:00:00.00 - Modem in use\r\n", // no such date
+        buena + "CONNECT\r\n",                               // no stamp at all
+        buena + Subida(Lunes(11, 0)) + "03-02-2026 11:xx:00.00 - Modem closed.\r\n",
+        buena + "03-02-2026 11:00:00.00 - Modem in use\r\n" + Bajada(Lunes(11, 5)) +
+            LineaModemLog(Lunes(11, 5), "Reads : 1"), // 1 + 4 + 8 + 16 + 4: no CONNECT
+        buena + LineaModemLog(Lunes(11, 0), "Modem in use") +
+            LineaModemLog(Lunes(11, 0), "CONNECT") + Bajada(Lunes(11, 1), 1) +
+            LineaModemLog(Lunes(11, 1), "Reads : 99999999999999"), // no 32-bit KB count
+    };
+    for (const std::string& mala : malas) {
+        Escribir(ModemLog(), mala);
+        EXPECT_THROW(Añadir(), Error) << mala;
+        EXPECT_EQ(log.Count(), 1) << mala;
+        EXPECT_EQ(bono.tiempo(0), "10:00:00") << mala;
+        EXPECT_EQ(pendientes.Count(), 1);
+        EXPECT_EQ(Leer(ModemLog()), mala);
+    }
+}
+
+TEST_F(LeerModemLog, ConexionesPendientesPorSegundoExacto) {
+    Pendiente(Lunes(10, 0, 1), "Provincial", "", "Un segundo tarde");
+    Pendiente(Lunes(11, 0), "Interprovincial", "Ninguno", "Primera");
+    Pendiente(Lunes(11, 0), "Provincial", "Ninguno", "Segunda");
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 1)) + Sesion(Lunes(11, 0), Lunes(11, 1)));
+    ASSERT_TRUE(Añadir());
+    EXPECT_EQ(log.Conexion(0), "");
+    EXPECT_EQ(log.Tarifa(1), "Interprovincial");
+    EXPECT_EQ(log.Conexion(1), "Primera");
+    EXPECT_EQ(pendientes.Count(), 0);
+}
+
+TEST_F(LeerModemLog, DescuentoBonoNetOVacioPagaConElBonoYOtroNo) {
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA
+    bono.DarAlta(2, Fecha::Crear(2026, 3, 1)); // 10NOCHE
+    Pendiente(Lunes(10, 0), "BonoNet", "BonoNet", "Casa");
+    Pendiente(Lunes(11, 0), "BonoNet", "Tarifa plana", "Casa");
+    Pendiente(Lunes(20, 0), "BonoNet", "", "Casa");
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 45)) + Sesion(Lunes(11, 0), Lunes(11, 10)) +
+                             Sesion(Lunes(20, 0), Lunes(22, 0)));
+    ASSERT_TRUE(Añadir());
+    EXPECT_EQ(log.importe(0), "11.72");
+    EXPECT_EQ(log.Bono(0), -1);
+    EXPECT_EQ(log.importe(1), "36.72") << "another discount pays every minute";
+    EXPECT_EQ(log.importe(2), "11.72") << "night bundle";
+    EXPECT_EQ(bono.TotalTiempoGrupo(cBono::kGrupoDia), "09:15:00");
+    EXPECT_EQ(bono.TotalTiempoGrupo(cBono::kGrupoNoche), "08:00:00");
+}
+
+TEST_F(LeerModemLog, ElMesDeFacturaRellenaLosBonosUnaVezPorMes) {
+    bono.DiaFactura(15);
+    const std::int16_t b = bono.DarAlta(1, Fecha::Crear(2026, 1, 1)); // 50DIA
+    bono.tiempo(b, "05:00:00");
+    const auto Dia = [](int mes, int dia, int h) { return Fecha::Crear(2026, mes, dia, h, 0, 0); };
+    // 2 Mar: before the billing day, first of the run; no refill, its month
+    // is remembered. 3 Mar: same month. 16 Mar: after the billing day.
+    // 6 Apr: another month before the billing day: refilled first.
+    Escribir(ModemLog(),
+             Sesion(Dia(3, 2, 10), Dia(3, 2, 11)) + Sesion(Dia(3, 3, 10), Dia(3, 3, 11)) +
+                 Sesion(Dia(3, 16, 10), Dia(3, 16, 11)) + Sesion(Dia(4, 6, 10), Dia(4, 6, 12)));
+    ASSERT_TRUE(Añadir());
+    ASSERT_EQ(log.Count(), 4);
+    EXPECT_EQ(bono.tiempo(b), "48:00:00");
+
+    // Without the April call the ledger ends drawn down from 5 hours.
+    bono.tiempo(b, "05:00:00");
+    Escribir(ModemLog(),
+             Sesion(Dia(3, 2, 10), Dia(3, 2, 11)) + Sesion(Dia(3, 3, 10), Dia(3, 3, 11)));
+    ASSERT_TRUE(Añadir());
+    EXPECT_EQ(bono.tiempo(b), "03:00:00");
+}
+
+TEST_F(LeerModemLog, CrearLogEmpiezaDeCero) {
+    UnaLlamadaPrevia();
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 1)));
+    EXPECT_TRUE(log.CrearLog(bono, festivos, pendientes));
+    ASSERT_EQ(log.Count(), 1);
+    EXPECT_EQ(log.Dia(0), Fecha::Crear(2026, 3, 2));
+}
+
+TEST_F(LeerModemLog, ElLectorEsperaAlGanchoQueTieneElCerrojo) {
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 1)));
+    std::atomic<bool> terminado{false};
+    std::thread lector;
+    {
+        // The hook's lock file, by the name the hook gives it.
+        const CerrojoArchivo gancho(dir / ".modemlog.txt.lock");
+        lector = std::thread([&] {
+            Añadir();
+            terminado = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        EXPECT_FALSE(terminado) << "the reader must wait while the hook writes";
+        // The hook's block goes out before the reader reads.
+        std::ofstream(ModemLog(), std::ios::app) << Sesion(Lunes(11, 0), Lunes(11, 1));
+    }
+    lector.join();
+    EXPECT_TRUE(terminado);
+    EXPECT_EQ(log.Count(), 2);
+    EXPECT_FALSE(Existe(ModemLog()));
+}
+
+TEST_F(LeerModemLog, ModificarLogSoloReescribeImporteTipoYBono) {
+    // A tariff whose reduced band is empty, to see band -1 stored as 255.
+    {
+        cLlamada libro(dir);
+        libro.Load();
+        libro.Add();
+        const auto i = static_cast<std::int16_t>(libro.Count() - 1);
+        libro.Valor(i, "Nombre", "SinReducida");
+        libro.Valor(i, "Conexion.Importe", "10");
+        for (const char* d : {"Semana", "Sabado", "Festivo"}) {
+            libro.Valor(i, std::string(d) + ".Normal.Importe", "6");
+            libro.Valor(i, std::string(d) + ".Normal.Inicio", "08:00:00");
+            libro.Valor(i, std::string(d) + ".Normal.Fin", "17:59:59");
+            libro.Valor(i, std::string(d) + ".Reducida.Importe", "3");
+            libro.Valor(i, std::string(d) + ".Reducida.Inicio", "00:00:00");
+            libro.Valor(i, std::string(d) + ".Reducida.Fin", "00:00:00");
+        }
+        libro.Save();
+    }
+    const auto Registro = [](Fecha dia, std::int32_t hora, const char* duracion, const char* tarifa,
+                             const char* conexion, const char* reservada) {
+        RegistroLlamada r = RegistroLlamada::Crear(dia, Fecha::DesdeSegundos(hora), duracion, "999",
+                                                   7, tarifa, conexion, reservada, 0, 123456, -5);
+        return r;
+    };
+    log.AñadirItem(
+        Registro(Lunes(0, 0), 10 * 3600, "00:10:00", "Metropolitana", "Telefónica", "reservado!"));
+    log.AñadirItem(Registro(Lunes(0, 0), 20 * 3600, "00:01:00", "SinReducida", "", ""));
+    log.AñadirItem(Registro(Lunes(0, 0), 21 * 3600, "00:01:00", "NoExiste", "X", ""));
+    log.AñadirItem(Registro(Lunes(0, 0), 22 * 3600, "1:0:0", "", "Y", "")); // odd duration text
+    // A record whose Hora carries a date part: only its time of day counts.
+    RegistroLlamada raro = Registro(Lunes(0, 0), 0, "00:01:00", "Provincial", "Z", "");
+    raro.Hora = 36000.5;
+    log.AñadirItem(raro);
+    std::vector<RegistroLlamada> antes;
+    for (int i = 0; i < log.Count(); ++i) {
+        antes.push_back(log.Registro(i));
+    }
+    bono.DarAlta(0, Fecha::Crear(2026, 1, 1));
+    bono.tiempo(0, "00:00:00");
+
+    log.ModificarLog(bono, festivos);
+    ASSERT_EQ(log.Count(), 5);
+    EXPECT_EQ(log.importe(0), "11.72") << "the ledger starts full";
+    EXPECT_EQ(log.Bono(0), -1);
+    EXPECT_EQ(log.Tipo(0), 0);
+    EXPECT_EQ(log.importe(1), "13");
+    EXPECT_EQ(log.Tipo(1), 255);
+    EXPECT_EQ(log.Banda(1), -1);
+    EXPECT_EQ(log.importe(2), "13") << "an unknown tariff keeps the last results";
+    EXPECT_EQ(log.Tipo(2), 255);
+    // No tariff: Metropolitana, an hour at night, no night bundle.
+    EXPECT_FLOAT_EQ(LeerImporte(log.importe(3)), 11.72f + 1.04f / 60.0f * 3600.0f);
+    EXPECT_EQ(log.Tipo(3), 1);
+    EXPECT_EQ(log.importe(4), "11.72") << "every call goes against the ledger";
+    EXPECT_EQ(bono.tiempo(0), "09:49:00");
+
+    for (int i = 0; i < log.Count(); ++i) {
+        char a[RegistroLlamada::kTamaño], d[RegistroLlamada::kTamaño];
+        antes[static_cast<std::size_t>(i)].Codificar(a);
+        log.Registro(i).Codificar(d);
+        // Dia, Hora, Duracion | Tarifa, Conexion, Reservada | Recibidos, Enviados
+        EXPECT_EQ(std::string(a, 24), std::string(d, 24)) << i;
+        EXPECT_EQ(std::string(a + 33, 42), std::string(d + 33, 42)) << i;
+        EXPECT_EQ(std::string(a + 77, 8), std::string(d + 77, 8)) << i;
+    }
+}
+
+TEST_F(LeerModemLog, ModificarLogRellenaElBonoPorMesDeFactura) {
+    bono.DiaFactura(15);
+    bono.DarAlta(0, Fecha::Crear(2026, 1, 1)); // 10DIA
+    bono.tiempo(0, "01:00:00");                // the run starts it full anyway
+    const auto Dos = [&](int mes, int dia, const char* duracion) {
+        log.AñadirItem(Fecha::Crear(2026, mes, dia), Fecha::DesdeSegundos(10 * 3600), duracion, "",
+                       0, "", "", "", 0, 0, 0);
+    };
+    Dos(3, 10, "02:00:00"); // refilled: 8 h left
+    Dos(3, 12, "02:00:00"); // same month: 6 h
+    Dos(4, 6, "02:00:00");  // refilled: 8 h
+    Dos(4, 20, "01:00:00"); // after the billing day: 7 h
+    log.ModificarLog(bono, festivos);
+    EXPECT_EQ(bono.tiempo(0), "07:00:00");
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(log.importe(i), "11.72") << i;
+    }
+}
+
+TEST_F(LeerModemLog, ModificarLogQueFallaNoCambiaNada) {
+    log.AñadirItem(Lunes(0, 0), Fecha::DesdeSegundos(36000), "00:10:00", "0", 0, "", "", "", 0, 0,
+                   0);
+    RegistroLlamada roto = log.Registro(0);
+    roto.Dia = std::numeric_limits<double>::quiet_NaN();
+    log.AñadirItem(roto);
+    bono.DarAlta(0, Fecha::Crear(2026, 1, 1));
+    bono.tiempo(0, "01:00:00");
+    EXPECT_THROW(log.ModificarLog(bono, festivos), ErrorDesbordamiento);
+    EXPECT_EQ(log.importe(0), "0");
+    EXPECT_EQ(bono.tiempo(0), "01:00:00");
+}

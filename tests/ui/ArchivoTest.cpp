@@ -1,0 +1,264 @@
+// The archive wizard driven through its four actions on a real data folder.
+
+#include "AnfitrionFalso.h"
+#include "CarpetaTemporal.h"
+#include "register/Copias.h"
+#include "tariff/cBono.h"
+#include "ui/AvisoError.h"
+#include "ui/ListaCarpetas.h"
+#include "ui/PanelLogo.h"
+#include "ui/fArchivo.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+namespace fs = std::filesystem;
+
+namespace {
+
+class ArchivoTest : public prueba::CarpetaTemporal {
+protected:
+    void SetUp() override {
+        prueba::CarpetaTemporal::SetUp();
+        fs::create_directory(dir / "Copias");
+        registro = std::make_unique<Log>(dir);
+        libro = std::make_unique<cLlamada>(dir);
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, reloj.Hoy());
+        bono.DiaFactura(15);
+        bono.perFactura(1);
+        DesviarAvisos([this](const QString& t) { avisos << t; });
+    }
+    void TearDown() override {
+        DesviarAvisos({});
+        EXPECT_TRUE(avisos.isEmpty()) << avisos.join("\n").toStdString();
+        prueba::CarpetaTemporal::TearDown();
+    }
+    void Llamada(Log& r, int m, int d) {
+        r.AñadirItem(Fecha::Crear(2026, m, d), Fecha::DesdeSegundos(72000), "00:10:00", "12.5", 1,
+                     "Metropolitana", "Casa", "", 0, 100, 20);
+    }
+    std::unique_ptr<fArchivo> Abrir() {
+        return std::make_unique<fArchivo>(*anfitrion, *registro, bono, reloj, dir);
+    }
+    // An archive made beforehand by another register, listed in the index.
+    void CopiaPrevia(const std::string& nombre, int llamadas) {
+        Log otro(dir);
+        for (int i = 0; i < llamadas; ++i) {
+            Llamada(otro, 1, 10 + i);
+        }
+        Copias c(dir / "Copias");
+        c.CargarIndice();
+        c.Archivar(otro, nombre, "Enero", Fecha::Crear(2026, 1, 1), Fecha::Crear(2026, 1, 31),
+                   false);
+        c.GuardarIndice();
+    }
+    static void ElegirArchivo(fArchivo& w, const QString& nombre) {
+        const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+        ASSERT_EQ(e.size(), 1) << nombre.toStdString();
+        w.File1->setCurrentItem(e.front());
+    }
+    static std::string Banner(const fArchivo& w) {
+        return w.picLogo->Logo().Caption().toStdString();
+    }
+    std::string Indice() { return Leer(dir / "Copias" / "Index.dat"); }
+    static int Lineas(const std::string& texto) {
+        return static_cast<int>(std::count(texto.begin(), texto.end(), '\n'));
+    }
+
+    RelojFijo reloj{Fecha::Crear(2026, 3, 20, 10, 0, 0)};
+    cBono bono{reloj};
+    std::unique_ptr<Log> registro;
+    std::unique_ptr<cLlamada> libro;
+    std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+    QStringList avisos;
+};
+
+} // namespace
+
+TEST_F(ArchivoTest, AlAbrirPrimerPasoYOpcionesPorDefecto) {
+    Llamada(*registro, 2, 1);
+    auto w = Abrir();
+    EXPECT_EQ(w->windowTitle(), "Archivo");
+    EXPECT_EQ(Banner(*w), "Paso 1");
+    EXPECT_FALSE(w->cmdAtras->isEnabled());
+    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    EXPECT_FALSE(w->cmdFinalizar->isEnabled());
+    EXPECT_TRUE(w->Option4->isChecked());
+    EXPECT_TRUE(w->Option6->isChecked());
+    EXPECT_TRUE(w->Option8->isChecked());
+    EXPECT_TRUE(w->Option1->isChecked());
+    EXPECT_EQ(w->lDesde->text(), "01/02/2026");
+    EXPECT_EQ(w->lHasta->text(), "20/03/2026");
+    w->Option7->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
+    EXPECT_EQ(w->lHasta->text(), "15/02/2026");
+    EXPECT_EQ(w->Dir2->Carpeta(), dir / "Copias");
+    w->lAccion->setCurrentRow(0);
+    EXPECT_TRUE(w->cmdSiguiente->isEnabled());
+}
+
+TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
+    Llamada(*registro, 1, 5);
+    Llamada(*registro, 2, 1);
+    Llamada(*registro, 2, 2);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(0);
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 2 de 4");
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 3 de 4");
+    EXPECT_EQ(w->txtNombre->text(), "Copia000.CPR");
+    w->txtDescripcion->setText("Invierno");
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 4 de 4");
+    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    w->cmdFinalizar->click();
+
+    EXPECT_EQ(w->result(), QDialog::Accepted);
+    EXPECT_EQ(registro->Count(), 0);
+    EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia000.CPR")), 3);
+    EXPECT_EQ(Indice(), "\"Copia000.CPR\"\r\n\"Invierno\"\r\n");
+    EXPECT_EQ(anfitrion->cambios, 1);
+    // La rejilla va del primer dia que queda (hoy, vacio) a hoy.
+    ASSERT_FALSE(anfitrion->rellenos.empty());
+    EXPECT_EQ(anfitrion->rellenos.back().desde, Fecha::Crear(2026, 3, 20));
+    EXPECT_EQ(anfitrion->rellenos.back().hasta, Fecha::Crear(2026, 3, 20));
+    EXPECT_FALSE(anfitrion->rellenos.back().tipo);
+}
+
+TEST_F(ArchivoTest, ArchivarHastaElPeriodoCerradoYConservar) {
+    Llamada(*registro, 3, 17); // todas en el periodo en curso
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(0);
+    w->Siguiente();
+    w->Option7->setChecked(true);
+    w->Siguiente();
+    w->Siguiente();
+    w->Option2->setChecked(true);
+    w->Finalizar();
+    // Nada que archivar, pero la entrada del indice se anade.
+    EXPECT_EQ(Leer(dir / "Copias" / "Copia000.CPR"), "");
+    EXPECT_EQ(Lineas(Indice()), 2);
+    EXPECT_EQ(registro->Count(), 1);
+    EXPECT_EQ(anfitrion->cambios, 0);
+}
+
+TEST_F(ArchivoTest, RecuperarGuardandoAntesYCancelarDespues) {
+    Llamada(*registro, 3, 1);
+    Llamada(*registro, 3, 2);
+    CopiaPrevia("Copia000.CPR", 1);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(1);
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 2 de 3");
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 2");
+    EXPECT_EQ(w->txtNombre->text(), "Copia001.CPR");
+    w->txtDescripcion->setText("Marzo");
+    w->Siguiente(); // guarda las llamadas actuales ya aqui
+    EXPECT_EQ(Banner(*w), "Paso 3 de 3");
+    EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia001.CPR")), 2);
+    EXPECT_EQ(w->File1->count(), 2);
+    EXPECT_FALSE(w->cmdFinalizar->isEnabled());
+    ElegirArchivo(*w, "Copia000.CPR");
+    EXPECT_EQ(w->txtDescripcion2->text(), "Enero");
+    EXPECT_TRUE(w->cmdFinalizar->isEnabled());
+    w->cmdSalir->click();
+
+    EXPECT_EQ(registro->Count(), 2);
+    EXPECT_EQ(anfitrion->cambios, 0);
+    EXPECT_EQ(Indice(), "\"Copia000.CPR\"\r\n\"Enero\"\r\n\"Copia001.CPR\"\r\n\"Marzo\"\r\n");
+}
+
+TEST_F(ArchivoTest, RecuperarSustituyendoAnadeLaCopiaAlRegistro) {
+    Llamada(*registro, 3, 1);
+    CopiaPrevia("Copia000.CPR", 2);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(1);
+    w->Siguiente();
+    w->Option3->setChecked(true);
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 3 de 3");
+    ElegirArchivo(*w, "Copia000.CPR");
+    emit w->File1->itemDoubleClicked(w->File1->currentItem()); // como "&Finalizar"
+    EXPECT_EQ(w->result(), QDialog::Accepted);
+    // El registro no se vacia antes de leer: la copia se suma a lo que habia.
+    EXPECT_EQ(registro->Count(), 3);
+    EXPECT_EQ(registro->Dia(1), Fecha::Crear(2026, 1, 10));
+    EXPECT_EQ(anfitrion->cambios, 1);
+    EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia001.CPR"));
+}
+
+TEST_F(ArchivoTest, VerNoTocaElRegistro) {
+    Llamada(*registro, 3, 1);
+    CopiaPrevia("Copia000.CPR", 3);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(2);
+    w->Siguiente();
+    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    ElegirArchivo(*w, "Copia000.CPR");
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 3 de 3");
+    ASSERT_EQ(w->Grid1->rowCount(), 3);
+    EXPECT_EQ(w->Grid1->item(0, 0)->text(), "10/01/2026");
+    EXPECT_EQ(w->Grid1->item(0, 3)->text(), "12.5");
+    EXPECT_EQ(w->Grid1->item(0, 5)->text(), "Reducida");
+    EXPECT_EQ(w->lPeriodo->text(), "10/01/2026 - 12/01/2026");
+    // Atras y otra vez adelante: la lista no se duplica.
+    w->Atras();
+    w->Siguiente();
+    EXPECT_EQ(w->Grid1->rowCount(), 3);
+    w->Finalizar();
+    EXPECT_EQ(registro->Count(), 1);
+    EXPECT_EQ(anfitrion->cambios, 0);
+    EXPECT_TRUE(anfitrion->rellenos.empty());
+}
+
+TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
+    CopiaPrevia("Copia000.CPR", 1);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(3);
+    w->Siguiente();
+    ElegirArchivo(*w, "Copia000.CPR");
+    w->Siguiente();
+    EXPECT_EQ(Banner(*w), "Paso 3 de 3");
+    EXPECT_TRUE(w->Option6->isChecked());
+    EXPECT_FALSE(w->cmdFinalizar->isEnabled());
+    w->Finalizar(); // con "&No" no termina
+    EXPECT_TRUE(fs::exists(dir / "Copias" / "Copia000.CPR"));
+    w->Option5->setChecked(true);
+    EXPECT_TRUE(w->cmdFinalizar->isEnabled());
+    w->cmdFinalizar->click();
+    EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia000.CPR"));
+    EXPECT_EQ(Lineas(Indice()), 2); // el nombre sigue en el indice
+}
+
+TEST_F(ArchivoTest, BorrarCanceladoNoBorra) {
+    CopiaPrevia("Copia000.CPR", 1);
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(3);
+    w->Siguiente();
+    ElegirArchivo(*w, "Copia000.CPR");
+    w->Siguiente();
+    w->Option5->setChecked(true);
+    w->cmdSalir->click();
+    EXPECT_TRUE(fs::exists(dir / "Copias" / "Copia000.CPR"));
+}
+
+TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {
+    Escribir(dir / "Copias" / "Roto.CPR", "esto no es una llamada\r\n");
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(2);
+    w->Siguiente();
+    ElegirArchivo(*w, "Roto.CPR");
+    w->Siguiente();
+    EXPECT_EQ(avisos.size(), 1);
+    avisos.clear();
+    EXPECT_EQ(Banner(*w), "Paso 2 de 3");
+}

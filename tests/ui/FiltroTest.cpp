@@ -1,0 +1,231 @@
+// The filter and the period picker driven as the user drives them, against
+// a register window that lists a real register with the real record test.
+
+#include "AnfitrionFalso.h"
+#include "CarpetaTemporal.h"
+#include "ui/FechasQt.h"
+#include "ui/PilaPrograma.h"
+#include "ui/fFiltro.h"
+#include "ui/fPer.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimeEdit>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+
+namespace {
+
+using V = std::vector<int>;
+
+class FiltroTest : public prueba::CarpetaTemporal {
+protected:
+    void SetUp() override {
+        prueba::CarpetaTemporal::SetUp();
+        PilaPrograma().Vaciar();
+        registro = std::make_unique<Log>(dir);
+        libro = std::make_unique<cLlamada>(dir);
+        Llamada(2026, 3, 2, 9, "00:05:00", 0, 0);   // lunes
+        Llamada(2026, 3, 2, 23, "00:05:01", 1, -1); // lunes, con bono
+        Llamada(2026, 3, 3, 12, "00:10:00", 0, 0);  // martes
+        Llamada(2026, 3, 7, 6, "00:04:59", 1, 0);   // sabado
+        Llamada(2026, 3, 8, 22, "01:00:00", 1, -1); // domingo
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, reloj.Hoy());
+        anfitrion->inicio = Fecha::Crear(2026, 3, 3);
+        anfitrion->fin = Fecha::Crear(2026, 3, 20);
+    }
+    void TearDown() override {
+        PilaPrograma().Vaciar();
+        prueba::CarpetaTemporal::TearDown();
+    }
+    void Llamada(int a, int m, int d, int hora, const char* dur, std::uint8_t tipo,
+                 std::int16_t bono) {
+        registro->AñadirItem(Fecha::Crear(a, m, d), Fecha::DesdeSegundos(hora * 3600), dur, "10",
+                             tipo, "Metropolitana", "Casa", "", bono, 1, 1);
+    }
+    // The opener leaves billing day, interval and first date for the picker.
+    static void DejarValores() {
+        PilaPrograma().Meter(std::int64_t{15});
+        PilaPrograma().Meter(std::int64_t{1});
+        PilaPrograma().Meter(Fecha::Crear(2025, 11, 3));
+    }
+    V Aplicar(fFiltro& f) {
+        f.cmdAplicar->click();
+        return anfitrion->Listadas();
+    }
+
+    RelojFijo reloj{Fecha::Crear(2026, 3, 20, 10, 0, 0)};
+    std::unique_ptr<Log> registro;
+    std::unique_ptr<cLlamada> libro;
+    std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+};
+
+} // namespace
+
+TEST_F(FiltroTest, AlAbrirTomaLosValoresYTodoQuedaApagado) {
+    DejarValores();
+    fFiltro f(*anfitrion, reloj);
+    EXPECT_EQ(f.windowTitle(), "Filtro");
+    EXPECT_EQ(PilaPrograma().Count(), 0);
+    for (QPushButton* b : {f.bFec, f.bHora, f.bTiempo, f.bTipo, f.bBono, f.bDia}) {
+        EXPECT_TRUE(b->isCheckable());
+        EXPECT_FALSE(b->isChecked());
+    }
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{f.fecDesde, f.fecHasta, f.HoraSpin1, f.HoraSpin2,
+                                         f.HoraTiempo, f.Combo1, f.Combo2, f.Combo3, f.Combo4}) {
+        EXPECT_FALSE(w->isEnabled()) << w->objectName().toStdString();
+    }
+    EXPECT_EQ(f.fecDesde->date(), QDate(2026, 3, 20));
+    EXPECT_EQ(f.Combo1->itemText(2), "=");
+    EXPECT_EQ(f.Combo3->itemText(1), "Con Bono");
+    EXPECT_EQ(f.Combo4->itemText(2), "Festivo");
+    f.bTiempo->click();
+    EXPECT_TRUE(f.HoraTiempo->isEnabled());
+    EXPECT_TRUE(f.Combo1->isEnabled());
+
+    // Con todo apagado, "&Aplicar" lista todo pero con el periodo vacio.
+    f.bTiempo->click();
+    EXPECT_EQ(Aplicar(f), (V{0, 1, 2, 3, 4}));
+    EXPECT_EQ(anfitrion->listado.Periodo, "");
+    const CriteriosFiltro& c = anfitrion->rellenos.back();
+    EXPECT_EQ(c.desde, kFechaApagada);
+    EXPECT_EQ(c.horaHasta, kFechaApagada);
+    EXPECT_EQ(c.tipo, -1);
+    EXPECT_EQ(c.comparacion, -1);
+    EXPECT_EQ(c.duracion, "-1");
+}
+
+TEST_F(FiltroTest, BordesDeFechasHorasYDuracion) {
+    fFiltro f(*anfitrion, reloj);
+    f.bFec->click();
+    f.fecDesde->setDate(QDate(2026, 3, 2));
+    f.fecHasta->setDate(QDate(2026, 3, 2));
+    EXPECT_EQ(Aplicar(f), (V{0, 1})); // el mismo dia en los dos extremos
+    EXPECT_EQ(anfitrion->listado.Periodo, "02/03/2026 - 02/03/2026");
+    f.bFec->click();
+
+    f.bHora->click();
+    f.HoraSpin1->setTime(QTime(22, 0));
+    f.HoraSpin2->setTime(QTime(6, 0));
+    EXPECT_EQ(Aplicar(f), V{}); // no da la vuelta a medianoche
+    f.HoraSpin1->setTime(QTime(6, 0));
+    f.HoraSpin2->setTime(QTime(22, 0));
+    EXPECT_EQ(Aplicar(f), (V{0, 2, 3, 4}));
+    f.bHora->click();
+
+    f.bTiempo->click();
+    f.Combo1->setCurrentIndex(2);
+    f.HoraTiempo->setTime(QTime(0, 5, 0));
+    EXPECT_EQ(Aplicar(f), V{0}); // 00:05:01 ya no es igual
+    EXPECT_EQ(anfitrion->rellenos.back().duracion, "00:05:00");
+    f.Combo1->setCurrentIndex(0);
+    EXPECT_EQ(Aplicar(f), (V{1, 2, 4}));
+}
+
+TEST_F(FiltroTest, FestivosDomingosFranjaYBono) {
+    fFiltro f(*anfitrion, reloj);
+    f.bDia->click();
+    f.Combo4->setCurrentIndex(2);
+    EXPECT_EQ(Aplicar(f), V{4});                 // el domingo
+    libro->Festivos({Fecha::Crear(2026, 3, 3)}); // festivo anadido despues
+    EXPECT_EQ(Aplicar(f), (V{2, 4}));
+    f.Combo4->setCurrentIndex(1);
+    EXPECT_EQ(Aplicar(f), V{3});
+    f.bDia->click();
+
+    f.bTipo->click();
+    f.Combo2->setCurrentIndex(1);
+    f.bBono->click();
+    f.Combo3->setCurrentIndex(1);
+    EXPECT_EQ(Aplicar(f), (V{1, 4}));
+    f.Combo3->setCurrentIndex(0);
+    EXPECT_EQ(Aplicar(f), V{3});
+}
+
+TEST_F(FiltroTest, SuprimirVuelveAlPeriodoYVerTodosLoQuitaTodo) {
+    fFiltro f(*anfitrion, reloj);
+    f.bTipo->click();
+    Aplicar(f);
+    f.cmdSuprimir->click();
+    const CriteriosFiltro& c = anfitrion->rellenos.back();
+    EXPECT_EQ(c.desde, Fecha::Crear(2026, 3, 3));
+    EXPECT_EQ(c.hasta, Fecha::Crear(2026, 3, 20));
+    EXPECT_FALSE(c.horaDesde || c.tipo || c.bono || c.tipoDia || c.comparacion || c.duracion);
+    EXPECT_EQ(anfitrion->Listadas(), (V{2, 3, 4}));
+    f.cmdTodos->click();
+    const CriteriosFiltro& t = anfitrion->rellenos.back();
+    EXPECT_FALSE(t.desde || t.hasta || t.tipo || t.duracion);
+    EXPECT_EQ(anfitrion->listado.Periodo, "02/03/2026 - 20/03/2026");
+    EXPECT_EQ(registro->Count(), 5);
+}
+
+TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
+    DejarValores();
+    fFiltro f(*anfitrion, reloj);
+    QStringList años;
+    QTimer::singleShot(0, [&] {
+        auto* selector = qobject_cast<fPer*>(QApplication::activeModalWidget());
+        ASSERT_NE(selector, nullptr);
+        for (int i = 0; i < selector->cmbAño->count(); ++i) {
+            años << selector->cmbAño->itemText(i);
+        }
+        selector->Elegir(selector->lvPer->item(0));
+    });
+    f.cmdPeriodos->click();
+    // El selector recibio lo que el filtro guardaba: periodos desde 2025.
+    EXPECT_EQ(años, (QStringList{"2025", "2026"}));
+    EXPECT_EQ(f.fecDesde->date(), QDate(2025, 12, 16));
+    EXPECT_EQ(f.fecHasta->date(), QDate(2026, 2, 15));
+    EXPECT_TRUE(f.bFec->isChecked());
+    EXPECT_TRUE(f.fecDesde->isEnabled());
+    EXPECT_EQ(PilaPrograma().Count(), 0);
+    EXPECT_TRUE(anfitrion->rellenos.empty()); // falta "&Aplicar"
+
+    // Otra vez, cancelando: nada cambia y la pila queda vacia.
+    f.bFec->click();
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    f.cmdPeriodos->click();
+    EXPECT_FALSE(f.bFec->isChecked());
+    EXPECT_EQ(f.fecDesde->date(), QDate(2025, 12, 16));
+    EXPECT_EQ(PilaPrograma().Count(), 0);
+}
+
+TEST_F(FiltroTest, SelectorListaLosPeriodosDelAñoYDevuelveInicioYFin) {
+    DejarValores();
+    fPer p(reloj);
+    EXPECT_EQ(p.windowTitle(), "Seleccion de periodos de facturacion.");
+    EXPECT_EQ(PilaPrograma().Count(), 0);
+    ASSERT_EQ(p.cmbAño->count(), 2);
+    EXPECT_EQ(p.cmbAño->currentText(), "2026"); // el año en curso al abrir
+    ASSERT_EQ(p.lvPer->count(), 2);
+    EXPECT_EQ(p.lvPer->item(0)->text(), "16/12/2025 - 15/02/2026");
+    EXPECT_EQ(p.lvPer->item(1)->text(), "16/02/2026 - 20/03/2026");
+    p.cmbAño->setCurrentIndex(0); // 2025: el periodo de 2025 que cae en 2026 no sale
+    ASSERT_EQ(p.lvPer->count(), 2);
+    EXPECT_EQ(p.lvPer->item(0)->text(), "03/11/2025 - 15/12/2025 23:59:59");
+
+    p.Elegir(p.lvPer->item(0));
+    EXPECT_EQ(ResultadoPeriodos(), kPeriodoElegido);
+    ASSERT_EQ(PilaPrograma().Count(), 2);
+    EXPECT_EQ(std::get<Fecha>(PilaPrograma().Sacar()), Fecha::Crear(2025, 12, 15, 23, 59, 59));
+    EXPECT_EQ(std::get<Fecha>(PilaPrograma().Sacar()), Fecha::Crear(2025, 11, 3));
+}
+
+TEST_F(FiltroTest, SelectorCanceladoDejaLaPilaVaciaYUnSoloAño) {
+    PilaPrograma().Meter(std::int64_t{1});
+    PilaPrograma().Meter(std::int64_t{0});
+    PilaPrograma().Meter(Fecha::Crear(2026, 1, 5));
+    fPer p(reloj);
+    EXPECT_EQ(p.cmbAño->count(), 1);
+    PilaPrograma().Meter(std::string("resto"));
+    QTimer::singleShot(0, [&] { p.reject(); });
+    EXPECT_EQ(p.exec(), QDialog::Rejected);
+    EXPECT_EQ(PilaPrograma().Count(), 0);
+    EXPECT_EQ(ResultadoPeriodos(), kPeriodoCancelado);
+}

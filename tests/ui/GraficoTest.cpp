@@ -1,0 +1,160 @@
+// The graph window: its lists follow the view, and each chart type draws
+// the points the register gives.
+
+#include "CarpetaTemporal.h"
+#include "ui/CarasBarras.h"
+#include "ui/fGrafico.h"
+
+#include <QApplication>
+#include <QAreaSeries>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QChart>
+#include <QChartView>
+#include <QComboBox>
+#include <QImage>
+#include <QLineSeries>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <gtest/gtest.h>
+
+using namespace vorimesk;
+
+namespace {
+
+class GraficoTest : public prueba::CarpetaTemporal {
+protected:
+    void SetUp() override {
+        prueba::CarpetaTemporal::SetUp();
+        registro = std::make_unique<Log>(dir);
+        Llamada(2025, 12, 30, "00:30:00", "40");
+        for (int i = 0; i < 3; ++i) {
+            Llamada(2026, 2, 3, "00:20:00", "10");
+        }
+        Llamada(2026, 3, 1, "02:00:00", "100");
+    }
+    void Llamada(int a, int m, int d, const char* dur, const char* importe) {
+        registro->AñadirItem(Fecha::Crear(a, m, d), Fecha::DesdeSegundos(72000), dur, importe, 1,
+                             "Metropolitana", "Casa", "", 0, 1, 1);
+    }
+    // The depth faces hang from the chart as a graphics item.
+    static std::vector<CarasBarras*> Caras(QChart* grafico) {
+        std::vector<CarasBarras*> caras;
+        for (QGraphicsItem* i : grafico->childItems()) {
+            if (auto* c = dynamic_cast<CarasBarras*>(i)) {
+                caras.push_back(c);
+            }
+        }
+        return caras;
+    }
+    static QStringList Elementos(const QComboBox* c) {
+        QStringList l;
+        for (int i = 0; i < c->count(); ++i) {
+            l << c->itemText(i);
+        }
+        return l;
+    }
+
+    RelojFijo reloj{Fecha::Crear(2026, 3, 20, 10, 0, 0)};
+    std::unique_ptr<Log> registro;
+};
+
+} // namespace
+
+TEST_F(GraficoTest, ListasYPuntosSegunLaVista) {
+    fGrafico g(*registro, reloj);
+    g.resize(900, 500);
+    EXPECT_EQ(g.windowTitle(), "Grafico");
+    EXPECT_EQ(Elementos(g.cmbTipoGraf), (QStringList{"Barras 2D", "Barras 3D", "Lineas", "Area"}));
+    EXPECT_EQ(Elementos(g.cmbTipoDato), (QStringList{"Llamadas", "Gasto", "Tiempo"}));
+    EXPECT_TRUE(g.Option1[0]->isChecked());
+    EXPECT_TRUE(g.Combo1->isHidden());
+    ASSERT_EQ(g.Puntos().size(), 15u);
+    EXPECT_EQ(g.Puntos()[0].etiqueta, "2025");
+    EXPECT_EQ(g.Puntos()[1].valor, 4.0F);
+
+    g.Option1[1]->click();
+    EXPECT_FALSE(g.Combo1->isHidden());
+    EXPECT_EQ(Elementos(g.Combo1), (QStringList{"2025", "2026"}));
+    EXPECT_EQ(g.Combo1->currentText(), "2026");
+    ASSERT_EQ(g.Puntos().size(), 12u);
+    // Diciembre de 2025 queda fuera de los meses 12..3: el mes 12 pasa del 3.
+    EXPECT_EQ(g.Puntos()[11].valor, 0.0F);
+
+    g.Option1[2]->click();
+    EXPECT_EQ(Elementos(g.Combo1),
+              (QStringList{"Diciembre 2025", "Enero 2026", "Febrero 2026", "Marzo 2026"}));
+    EXPECT_EQ(g.Combo1->currentText(), "Marzo 2026");
+    g.UpDown1->stepDown();
+    EXPECT_EQ(g.Combo1->currentText(), "Febrero 2026");
+    ASSERT_EQ(g.Puntos().size(), 28u);
+    g.cmbTipoDato->setCurrentIndex(2);
+    EXPECT_FLOAT_EQ(g.Puntos()[2].valor, 1.0F); // tres llamadas de 20 minutos
+    g.cmbTipoDato->setCurrentIndex(1);
+    EXPECT_EQ(g.Puntos()[2].valor, 30.0F);
+    g.Combo1->setCurrentIndex(0);
+    EXPECT_EQ(g.UpDown1->value(), 0);
+}
+
+TEST_F(GraficoTest, CadaTipoDeGraficoConSusValores) {
+    fGrafico g(*registro, reloj);
+    g.resize(900, 500);
+    g.Option1[2]->click();
+    g.Combo1->setCurrentIndex(2); // febrero de 2026
+
+    g.cmbTipoGraf->setCurrentIndex(0);
+    auto* barras = qobject_cast<QBarSeries*>(g.Graph1->chart()->series().value(0));
+    ASSERT_NE(barras, nullptr);
+    EXPECT_EQ(barras->barSets()[0]->count(), 28);
+    EXPECT_EQ(barras->barSets()[0]->at(2), 3.0);
+    EXPECT_TRUE(Caras(g.Graph1->chart()).empty());
+
+    g.cmbTipoGraf->setCurrentIndex(2);
+    auto* linea = qobject_cast<QLineSeries*>(g.Graph1->chart()->series().value(0));
+    ASSERT_NE(linea, nullptr);
+    EXPECT_EQ(linea->at(2), QPointF(2, 3));
+
+    g.cmbTipoGraf->setCurrentIndex(3);
+    auto* area = qobject_cast<QAreaSeries*>(g.Graph1->chart()->series().value(0));
+    ASSERT_NE(area, nullptr);
+    EXPECT_EQ(area->upperSeries()->count(), 28);
+}
+
+TEST_F(GraficoTest, Barras3DPintanCarasConProfundidad) {
+    fGrafico g(*registro, reloj);
+    g.resize(900, 500);
+    g.show();
+    g.Option1[2]->click();
+    g.Combo1->setCurrentIndex(2); // febrero de 2026
+    g.cmbTipoGraf->setCurrentIndex(1);
+    const auto caras = Caras(g.Graph1->chart());
+    ASSERT_EQ(caras.size(), 1u);
+    EXPECT_GT(caras.front()->Profundidad().x(), 2.0);
+    EXPECT_LT(caras.front()->Profundidad().y(), -1.0);
+    // The side faces are drawn in the bars' darker shade.
+    QApplication::processEvents();
+    const QImage imagen = g.Graph1->grab().toImage();
+    const QRgb lado = QColor(38, 110, 186).darker(150).rgb();
+    int pixeles = 0;
+    for (int y = 0; y < imagen.height(); ++y) {
+        for (int x = 0; x < imagen.width(); ++x) {
+            pixeles += imagen.pixel(x, y) == lado;
+        }
+    }
+    EXPECT_GT(pixeles, 20);
+
+    const QString png = QString::fromStdString((dir / "g.png").string());
+    EXPECT_TRUE(g.GuardarPng(png));
+    EXPECT_EQ(QImage(png).size(), g.Graph1->size() * g.Graph1->devicePixelRatioF());
+}
+
+TEST_F(GraficoTest, RegistroVacio) {
+    Log vacio(dir);
+    fGrafico g(vacio, reloj);
+    g.Option1[1]->click();
+    EXPECT_EQ(g.Combo1->count(), 0);
+    ASSERT_EQ(g.Puntos().size(), 12u);
+    for (const PuntoGrafico& p : g.Puntos()) {
+        EXPECT_EQ(p.valor, 0.0F);
+    }
+}

@@ -1,0 +1,164 @@
+// The printed reports read back from a PDF: every text at its character
+// column, the truncations kept, nothing printed when nothing is chosen.
+
+#include "AnfitrionFalso.h"
+#include "CarpetaTemporal.h"
+#include "LlamadasSimuladas.h"
+#include "tariff/LibroPorDefecto.h"
+#include "ui/fImprimir.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QPrintDialog>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <sstream>
+
+using namespace vorimesk;
+
+namespace {
+
+class ImprimirTest : public prueba::CarpetaTemporal {
+protected:
+    void SetUp() override {
+        prueba::CarpetaTemporal::SetUp();
+        registro = std::make_unique<Log>(dir);
+        prueba::LlenarConLlamadas(*registro, dir, Fecha::Crear(2026, 1, 16), 59);
+        libro = std::make_unique<cLlamada>(dir);
+        libro->Load();
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, hoy);
+        anfitrion->inicio = Fecha::Crear(2026, 2, 16);
+        anfitrion->fin = Fecha::Crear(2026, 3, 15, 23, 59, 59);
+        anfitrion->RellenaGrid({});
+    }
+    // The PDF as text with fixed character cells, one string per line.
+    std::vector<std::string> Texto(const std::string& pdf) {
+        const std::string orden = "pdftotext -layout -fixed 6 '" + pdf + "' -";
+        std::FILE* tubo = ::popen(orden.c_str(), "r");
+        EXPECT_NE(tubo, nullptr);
+        std::string todo;
+        char bloque[4096];
+        for (std::size_t n; (n = std::fread(bloque, 1, sizeof bloque, tubo)) > 0;) {
+            todo.append(bloque, n);
+        }
+        EXPECT_EQ(::pclose(tubo), 0) << "pdftotext";
+        std::vector<std::string> lineas;
+        std::istringstream in(todo);
+        for (std::string l; std::getline(in, l);) {
+            // A new page starts with a form feed; it takes no column.
+            l.erase(std::remove(l.begin(), l.end(), '\f'), l.end());
+            lineas.push_back(l);
+        }
+        return lineas;
+    }
+    static int Buscar(const std::vector<std::string>& lineas, const std::string& texto) {
+        for (std::size_t i = 0; i < lineas.size(); ++i) {
+            if (lineas[i].find(texto) != std::string::npos) {
+                return static_cast<int>(i);
+            }
+        }
+        return -1;
+    }
+
+    Fecha hoy = Fecha::Crear(2026, 3, 20);
+    std::unique_ptr<Log> registro;
+    std::unique_ptr<cLlamada> libro;
+    std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+};
+
+} // namespace
+
+TEST_F(ImprimirTest, ControlesDelDialogo) {
+    fImprimir f(*anfitrion, *libro);
+    EXPECT_EQ(f.windowTitle(), "Imprimir");
+    EXPECT_EQ(f.Check1->text(), "Registro de llamadas.");
+    EXPECT_EQ(f.Check2->text(), "Tarifas");
+    EXPECT_EQ(f.cmdImprimir->text(), "&Imprimir");
+    EXPECT_EQ(f.cmdCancelar->text(), "&Cancelar");
+}
+
+TEST_F(ImprimirTest, RegistroYTarifasEnSusColumnas) {
+    ASSERT_GT(anfitrion->Listadas().size(), 40u); // mas de una pagina
+    fImprimir f(*anfitrion, *libro);
+    f.Check1->setChecked(true);
+    f.Check2->setChecked(true);
+    const std::string pdf = (dir / "informe.pdf").string();
+    ASSERT_TRUE(f.ImprimirPdf(QString::fromStdString(pdf)));
+    const auto l = Texto(pdf);
+
+    const int titulo = Buscar(l, "Registro de llamadas");
+    ASSERT_GE(titulo, 0);
+    const std::size_t margen = l[titulo].find("Registro");
+    EXPECT_EQ(l[titulo + 1].substr(margen),
+              "Periodo desde el 16/02/2026 hasta el 15/03/2026 23:59:59");
+    const std::string& cabecera = l[titulo + 2];
+    const char* titulos[] = {"Dia",  "Hora", "Duracion", "Coste",      "Tarifa",
+                             "Tipo", "Bono", "Conexion", "Kbs Recibi", "Kbs Enviad"};
+    for (int c = 0; c < 10; ++c) {
+        const std::size_t columna = margen + (c == 0 ? 0 : c * 12 - 1);
+        EXPECT_EQ(cabecera.substr(columna, std::strlen(titulos[c])), titulos[c]) << c;
+    }
+    EXPECT_EQ(cabecera.find("Kbs Recibidos"), std::string::npos);
+
+    // Every call listed, on whatever page, with its cells at their columns.
+    const auto filas = anfitrion->FilasVisibles();
+    int halladas = 0;
+    for (const auto& fila : filas) {
+        const int i = Buscar(l, fila[0] + " " + fila[1]);
+        ASSERT_GE(i, 0) << fila[0] << " " << fila[1];
+        EXPECT_EQ(l[i].substr(margen + 23, 8), fila[2]);
+        EXPECT_EQ(l[i].substr(margen + 35, fila[3].size()), fila[3]);
+        // "Metropolitana" reaches the band's column and pushes it one blank;
+        // the bono column is back in place.
+        EXPECT_EQ(l[i].substr(margen + 71, fila[6].size()), fila[6]);
+        ++halladas;
+    }
+    EXPECT_EQ(halladas, static_cast<int>(filas.size()));
+
+    const int tarifas = Buscar(l, "Tarifas");
+    ASSERT_GT(tarifas, titulo);
+    EXPECT_EQ(l[tarifas + 1].substr(margen), "Metropolitana");
+    EXPECT_EQ(l[tarifas + 2].substr(margen), "Importe conexion: 11.72");
+    EXPECT_EQ(l[tarifas + 3].substr(margen), "Tiempo incluido 00:00 (mm:ss)");
+    EXPECT_EQ(l[tarifas + 4].substr(margen + 39), "Semana tarifa reducida");
+    EXPECT_EQ(l[tarifas + 5].substr(margen), "Coste: 2.5 Inicio: 08:00 Final: 17:59  "
+                                             "Coste: 1.0 Inicio: 18:00 Final: 07:59");
+    const int interprovincial = Buscar(l, "Interprovincial");
+    ASSERT_GT(interprovincial, tarifas);
+    EXPECT_EQ(l[interprovincial + 4].substr(margen, 10), "Coste: 29.");
+}
+
+TEST_F(ImprimirTest, SinCasillasNoImprimeNada) {
+    fImprimir f(*anfitrion, *libro);
+    f.Check1->setChecked(false);
+    f.Check2->setChecked(false);
+    EXPECT_TRUE(f.Lineas().empty());
+    EXPECT_FALSE(f.ImprimirPdf(QString::fromStdString((dir / "nada.pdf").string())));
+    EXPECT_FALSE(Existe(dir / "nada.pdf"));
+    f.cmdImprimir->click(); // ni dialogo ni impresion
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(ImprimirTest, SinImpresoraOfreceElDialogoDeImpresion) {
+    if (!QPrinterInfo::defaultPrinter().isNull()) {
+        GTEST_SKIP() << "hay una impresora instalada";
+    }
+    fImprimir f(*anfitrion, *libro);
+    bool dialogo = false;
+    QTimer::singleShot(0, [&] {
+        auto* d = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        dialogo = d != nullptr;
+        if (d != nullptr) {
+            EXPECT_EQ(d->printer()->outputFormat(), QPrinter::PdfFormat);
+            d->reject();
+        }
+    });
+    f.cmdImprimir->click();
+    EXPECT_TRUE(dialogo);
+    EXPECT_NE(f.result(), QDialog::Accepted);
+}

@@ -1,0 +1,304 @@
+#include "ApoyoUi.h"
+#include "core/Archivo.h"
+#include "tariff/LibroJson.h"
+#include "tariff/LibroPorDefecto.h"
+#include "tariff/cLlamada.h"
+#include "ui/AvisoCampo.h"
+#include "ui/FranjaDia.h"
+#include "ui/PanelTarifa.h"
+#include "ui/TablaBandas.h"
+#include "ui/fPelmorad.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimeEdit>
+
+using namespace vorimesk;
+using namespace prueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+using Pelmorad = CarpetaUi;
+
+// Types into a field as a user would, replacing what it held.
+void Escribir(QLineEdit* campo, const QString& texto) {
+    campo->selectAll();
+    QTest::keyClick(campo, Qt::Key_Delete);
+    QTest::keyClicks(campo, texto);
+}
+
+void Franja(TablaBandas* t, int franja, const QString& precio, QTime inicio, QTime fin) {
+    Escribir(t->txtPrecio[franja], precio);
+    t->tmeInicio[franja]->setTime(inicio);
+    t->tmeFin[franja]->setTime(fin);
+}
+
+std::string Libro(const fs::path& dir) {
+    return LeerArchivo(dir / "Tarifas.Dat");
+}
+
+QColor Pixel(QWidget& w, int x, int y) {
+    const QImage img = w.grab().toImage();
+    const qreal r = img.devicePixelRatio();
+    return img.pixelColor(int(x * r), int(y * r));
+}
+
+} // namespace
+
+TEST_F(Pelmorad, UnaTarifaNuevaSeGuardaYSePrecia) {
+    fPelmorad v(dir); // sin Tarifas.Dat: libro vacio
+    EXPECT_EQ(v.windowTitle(), "Pelmorad - Editor de tarifas[*]");
+    EXPECT_EQ(v.lstTarifas->count(), 0);
+    EXPECT_FALSE(v.panel->isEnabled());
+    EXPECT_FALSE(v.cmdEliminar->isEnabled());
+    ASSERT_EQ(v.lstProblemas->count(), 1);
+    EXPECT_TRUE(v.lstProblemas->item(0)->text().contains("no tiene ninguna tarifa"));
+
+    v.cmdAñadir->click();
+    ASSERT_EQ(v.lstTarifas->count(), 1);
+    EXPECT_TRUE(v.isWindowModified());
+    PanelTarifa& p = *v.panel;
+    Escribir(p.txtNombre, "MiOperador");
+    EXPECT_EQ(v.lstTarifas->item(0)->text(), "MiOperador");
+    Escribir(p.txtConexion, "15");
+    p.spnMinutos->setValue(2);
+    p.spnSegundos->setValue(30);
+    Franja(p.tablas[0], 0, "3.1", QTime(9, 0), QTime(19, 59, 59));
+    Franja(p.tablas[0], 1, "1.2", QTime(20, 0), QTime(8, 59, 59));
+    Franja(p.tablas[1], 0, "3.1", QTime(9, 0), QTime(13, 59, 59));
+    Franja(p.tablas[1], 1, "1.2", QTime(14, 0), QTime(8, 59, 59));
+    Franja(p.tablas[2], 0, "0", QTime(0, 0), QTime(0, 0));
+    Franja(p.tablas[2], 1, "1.2", QTime(0, 0), QTime(23, 59, 59));
+    EXPECT_TRUE(v.Problemas().empty()) << TextoProblemas(v.Problemas());
+
+    // Las tiras del dia siguen lo escrito.
+    using C = Cobertura;
+    EXPECT_EQ(p.franjas[0]->Tramos(), (std::vector<TramoDia>{{0, 32400, C::Reducida},
+                                                             {32400, 72000, C::Normal},
+                                                             {72000, 86400, C::Reducida}}));
+    EXPECT_EQ(p.franjas[2]->Tramos(), (std::vector<TramoDia>{{0, 86400, C::Reducida}}));
+
+    ASSERT_TRUE(v.Guardar());
+    EXPECT_FALSE(v.isWindowModified());
+    cLlamada mano(dir / "mano");
+    mano.Add();
+    const std::pair<const char*, const char*> campos[] = {{"Nombre", "MiOperador"},
+                                                          {"Conexion.Importe", "15"},
+                                                          {"Conexion.Tiempo", "02:30:00"},
+                                                          {"Semana.Normal.Importe", "3.1"},
+                                                          {"Semana.Normal.Inicio", "9:00"},
+                                                          {"Semana.Normal.Fin", "19:59:59"},
+                                                          {"Semana.Reducida.Importe", "1.2"},
+                                                          {"Semana.Reducida.Inicio", "20:00"},
+                                                          {"Semana.Reducida.Fin", "08:59:59"},
+                                                          {"Sabado.Normal.Importe", "3.1"},
+                                                          {"Sabado.Normal.Inicio", "09:00"},
+                                                          {"Sabado.Normal.Fin", "13:59:59"},
+                                                          {"Sabado.Reducida.Importe", "1.2"},
+                                                          {"Sabado.Reducida.Inicio", "14:00"},
+                                                          {"Sabado.Reducida.Fin", "08:59:59"},
+                                                          {"Festivo.Normal.Importe", "0"},
+                                                          {"Festivo.Normal.Inicio", "0:00"},
+                                                          {"Festivo.Normal.Fin", "0:00"},
+                                                          {"Festivo.Reducida.Importe", "1.2"},
+                                                          {"Festivo.Reducida.Inicio", "0:00"},
+                                                          {"Festivo.Reducida.Fin", "23:59:59"}};
+    for (const auto& [clave, valor] : campos) {
+        mano.Valor(0, clave, valor);
+    }
+    EXPECT_EQ(Libro(dir), std::string(mano.Tarifa(0).Bytes()));
+
+    // 10 minutos un lunes por la manana: 15 de establecimiento con 2 min 30 s
+    // incluidos y 7 min 30 s a 3.1 el minuto.
+    cLlamada precio(dir);
+    const Fecha lunes = Fecha::Crear(2026, 3, 2, 10);
+    ASSERT_TRUE(precio.Datos(lunes, lunes.MasSegundos(600), nullptr, "MiOperador"));
+    EXPECT_FLOAT_EQ(precio.importe(), 15.0f + 3.1f / 60.0f * 450.0f);
+}
+
+TEST_F(Pelmorad, EditarElLibroDeSerieEsComoHacerloAMano) {
+    InstalarLibroPorDefecto(dir);
+    fPelmorad v(dir);
+    ASSERT_EQ(v.lstTarifas->count(), 5);
+    EXPECT_EQ(v.Actual(), 0);
+    EXPECT_FALSE(v.cmdSubir->isEnabled());
+    v.lstTarifas->setCurrentRow(2);
+    EXPECT_EQ(v.panel->txtNombre->text(), "Provincial");
+    Escribir(v.panel->tablas[0]->txtPrecio[1], "6");
+    v.cmdCopiar->click();
+    EXPECT_EQ(v.Actual(), 3);
+    v.cmdRenombrar->click();
+    EXPECT_TRUE(v.panel->txtNombre->hasSelectedText());
+    Escribir(v.panel->txtNombre, "Provincial Fin");
+    Escribir(v.panel->tablas[1]->txtPrecio[0], "12");
+    v.Seleccionar(5);
+    EXPECT_FALSE(v.cmdBajar->isEnabled());
+    v.cmdEliminar->click();
+    EXPECT_EQ(v.Actual(), 4);
+    v.Seleccionar(3);
+    v.cmdBajar->click();
+    EXPECT_EQ(v.Actual(), 4);
+    EXPECT_EQ(v.lstTarifas->currentItem()->text(), "Provincial Fin");
+    ASSERT_TRUE(v.Guardar());
+
+    cLlamada mano(dir / "mano");
+    RellenarLibroPorDefecto(mano);
+    mano.Valor(2, "Semana.Reducida.Importe", "6");
+    mano.Copy(4, 2);
+    mano.Valor(4, "Nombre", "Provincial Fin");
+    mano.Valor(4, "Sabado.Normal.Importe", "12");
+    fs::create_directory(dir / "mano");
+    mano.Save();
+    EXPECT_EQ(Libro(dir), Libro(dir / "mano"));
+}
+
+TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
+    InstalarLibroPorDefecto(dir);
+    const std::string antes = Libro(dir);
+    fPelmorad v(dir);
+    QLineEdit* precio = v.panel->tablas[1]->txtPrecio[0];
+    const QColor normal = precio->palette().color(QPalette::Base);
+    Escribir(precio, "2,5");
+    EXPECT_NE(precio->palette().color(QPalette::Base), normal);
+    EXPECT_TRUE(precio->toolTip().contains("use el punto")) << precio->toolTip().toStdString();
+    EXPECT_TRUE(v.panel->avisoDia[1]->Resumen().startsWith("Error: El precio de la franja normal "
+                                                           "de Sabado (2,5)"));
+    EXPECT_TRUE(v.panel->avisoDia[0]->Lineas().isEmpty());
+    EXPECT_FALSE(v.lstTarifas->item(0)->icon().isNull());
+    EXPECT_TRUE(v.lstTarifas->item(1)->icon().isNull());
+
+    QString mensaje;
+    Responder("Aceptar", &mensaje);
+    EXPECT_FALSE(v.Guardar());
+    EXPECT_TRUE(mensaje.contains("no se guardan mientras tengan errores"));
+    EXPECT_TRUE(mensaje.contains("Error en la tarifa 1 (Metropolitana)"));
+    EXPECT_EQ(Libro(dir), antes);
+    EXPECT_TRUE(v.isWindowModified());
+
+    // Corregido, la marca se va; un hueco en las franjas solo avisa y pregunta.
+    Escribir(precio, "2.5");
+    EXPECT_EQ(precio->palette().color(QPalette::Base), normal);
+    EXPECT_FALSE(precio->toolTip().contains("use el punto"));
+    v.panel->tablas[0]->tmeInicio[1]->setTime(QTime(19, 0));
+    ASSERT_EQ(v.Problemas().size(), 1u);
+    EXPECT_EQ(v.panel->avisoDia[0]->Lineas().size(), 1);
+    EXPECT_EQ(v.panel->franjas[0]->Tramos()[2].cobertura, Cobertura::SinFranja);
+    Responder("Cancelar", &mensaje);
+    EXPECT_FALSE(v.Guardar());
+    EXPECT_TRUE(mensaje.contains("no hay franja de 18:00:00 a 18:59:59"));
+    EXPECT_EQ(Libro(dir), antes);
+    Responder("&Guardar de todos modos");
+    EXPECT_TRUE(v.Guardar());
+    cLlamada guardado(dir);
+    guardado.Load();
+    EXPECT_EQ(guardado.ValorTexto(0, "Semana.Reducida.Inicio"), "19:00:00");
+
+    // Pulsar un problema lleva a su campo.
+    v.Seleccionar(3);
+    ASSERT_EQ(v.lstProblemas->count(), 1);
+    v.lstProblemas->itemClicked(v.lstProblemas->item(0));
+    EXPECT_EQ(v.Actual(), 0);
+}
+
+TEST_F(Pelmorad, ImportarExportarYRestaurar) {
+    InstalarLibroPorDefecto(dir);
+    const std::string serie = Libro(dir);
+    fPelmorad v(dir);
+    const QString json = QString::fromStdString((dir / "libro.json").string());
+    ASSERT_TRUE(v.ExportarA(json));
+    EXPECT_EQ(LeerArchivo(json.toStdString()), ExportarJson(LibroEditable::DeSerie()));
+
+    // Un archivo malo no cambia nada.
+    const QString malo = QString::fromStdString((dir / "malo.json").string());
+    EscribirArchivoSeguro(malo.toStdString(),
+                          "{\"formato\": \"vorimesk-tarifas\", \"version\": 7}");
+    QString mensaje;
+    Responder("Aceptar", &mensaje);
+    EXPECT_FALSE(v.ImportarDesde(malo));
+    EXPECT_TRUE(mensaje.contains("version 7")) << mensaje.toStdString();
+    EXPECT_EQ(v.lstTarifas->count(), 5);
+    EXPECT_FALSE(v.isWindowModified());
+
+    // Uno bueno sustituye las tarifas, que se escriben al guardar.
+    Importacion otro = ImportarJson(ExportarJson(LibroEditable::DeSerie()));
+    otro.libro.Eliminar(4);
+    otro.libro.Tarifa(0).Valor("Conexion.Importe", "9");
+    EscribirArchivoSeguro(json.toStdString(), ExportarJson(otro.libro));
+    ASSERT_TRUE(v.ImportarDesde(json));
+    EXPECT_EQ(v.lstTarifas->count(), 4);
+    EXPECT_EQ(v.panel->txtConexion->text(), "9");
+    EXPECT_TRUE(v.isWindowModified());
+    EXPECT_EQ(Libro(dir), serie);
+    ASSERT_TRUE(v.Guardar());
+    EXPECT_EQ(Libro(dir).size(), 4u * 168u);
+
+    // Restaurar pregunta y vuelve al libro de serie.
+    Responder("Cancelar");
+    EXPECT_FALSE(v.RestaurarDeSerie());
+    EXPECT_EQ(v.lstTarifas->count(), 4);
+    Responder("&Restaurar");
+    EXPECT_TRUE(v.RestaurarDeSerie());
+    EXPECT_EQ(v.lstTarifas->count(), 5);
+    ASSERT_TRUE(v.Guardar());
+    EXPECT_EQ(Libro(dir), serie);
+}
+
+TEST_F(Pelmorad, CerrarConCambiosPregunta) {
+    InstalarLibroPorDefecto(dir);
+    const std::string serie = Libro(dir);
+    fPelmorad v(dir);
+    v.show();
+    v.Seleccionar(4);
+    v.cmdEliminar->click();
+    Responder("Cancelar");
+    EXPECT_FALSE(v.close());
+    EXPECT_TRUE(v.isVisible());
+    Responder("&Descartar");
+    EXPECT_TRUE(v.close());
+    EXPECT_EQ(Libro(dir), serie);
+
+    fPelmorad w(dir);
+    w.show();
+    w.Seleccionar(4);
+    w.cmdEliminar->click();
+    Responder("&Guardar");
+    EXPECT_TRUE(w.close());
+    EXPECT_EQ(Libro(dir).size(), 4u * 168u);
+    EXPECT_EQ(w.accGuardar->shortcut(), QKeySequence(QKeySequence::Save));
+}
+
+TEST_F(Pelmorad, UnLibroIlegibleNoSeSobrescribe) {
+    fs::create_directory(dir / "Tarifas.Dat");
+    fPelmorad v(dir); // avisa en cuanto arranca el bucle de eventos
+    QString mensaje;
+    Responder("Aceptar", &mensaje);
+    QTest::qWait(50);
+    EXPECT_TRUE(mensaje.contains("No se pudo leer el libro de tarifas"));
+    EXPECT_FALSE(v.accGuardar->isEnabled());
+    v.cmdAñadir->click();
+    EXPECT_FALSE(v.Guardar());
+    EXPECT_TRUE(fs::is_directory(dir / "Tarifas.Dat"));
+}
+
+TEST(FranjaDia, PintaCadaHoraDelColorDeSuFranja) {
+    FranjaDia f;
+    f.resize(480, f.sizeHint().height());
+    f.Mostrar(FranjasDia{8 * 3600, 18 * 3600 - 1, 19 * 3600, 8 * 3600 + 1799});
+    const int y = f.Barra().center().y();
+    const auto en = [&](double hora) { return Pixel(f, f.X(int(hora * 3600)), y); };
+    EXPECT_EQ(en(3), FranjaDia::Color(Cobertura::Reducida));
+    EXPECT_EQ(en(12), FranjaDia::Color(Cobertura::Normal));
+    EXPECT_EQ(en(21), FranjaDia::Color(Cobertura::Reducida));
+    // Solape y hueco van rayados sobre su color: distintos de los dos de arriba.
+    for (double h : {8.2, 18.5}) {
+        EXPECT_NE(en(h), FranjaDia::Color(Cobertura::Normal)) << h;
+        EXPECT_NE(en(h), FranjaDia::Color(Cobertura::Reducida)) << h;
+    }
+    EXPECT_EQ(f.X(0), f.Barra().left());
+    EXPECT_EQ(f.X(86400), f.Barra().left() + f.Barra().width());
+}
