@@ -247,7 +247,7 @@ MonitorConexion::Sucesos MonitorConexion::TickHora() {
     if (r.Sonar) {
         Sonar(MotivoAviso::Hora, s);
     }
-    if (r.Renovado) {
+    if (r.Renovado && bono_.Count() > 0) {
         s.push_back({SucesoMonitor::Tipo::BonoRenovado, {}});
     }
     return s;

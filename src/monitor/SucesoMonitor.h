@@ -23,7 +23,7 @@ struct SucesoMonitor {
         RellenarRegistro, // refill the register grid up to today
         LogSinCerrar,     // the modem log never got its closing lines: left for later
         ErrorRegistro,    // `texto`: a Spanish message about the register or its log
-        BonoRenovado,     // the monthly renewal refilled the bundles
+        BonoRenovado,     // the monthly renewal refilled the ledger's bundles
     };
 
     Tipo tipo;
