@@ -17,6 +17,7 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarOrdenesCopias(aplicacion);
     RegistrarOrdenLeerLog(aplicacion);
     RegistrarOrdenRecalcular(aplicacion);
+    RegistrarOrdenVigilar(aplicacion);
 }
 
 } // namespace vorimesk::cli

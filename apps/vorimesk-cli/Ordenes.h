@@ -9,5 +9,6 @@ namespace vorimesk::cli {
 void RegistrarCalcular(AplicacionCli& aplicacion);
 void RegistrarPeriodos(AplicacionCli& aplicacion);
 void RegistrarTarifas(AplicacionCli& aplicacion);
+void RegistrarOrdenVigilar(AplicacionCli& aplicacion); // vigilar
 
 } // namespace vorimesk::cli

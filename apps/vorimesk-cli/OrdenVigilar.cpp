@@ -1,0 +1,133 @@
+// vigilar: the headless meter. Watches the dial-up link (or plays a scripted
+// modem), prices the call live once a second of meter time and puts each
+// finished call in the register, saved at once. Ctrl-C or SIGTERM stop it
+// cleanly, saving the register and the settings.
+
+#include "ArgumentosCli.h"
+#include "Ordenes.h"
+#include "Vigilancia.h"
+
+#include <chrono>
+#include <csignal>
+#include <iostream>
+#include <memory>
+#include <thread>
+#include <unistd.h>
+
+namespace vorimesk::cli {
+namespace {
+
+volatile std::sig_atomic_t parar = 0;
+
+extern "C" void AlParar(int) {
+    parar = 1;
+}
+
+// Handles SIGINT and SIGTERM while alive and puts the old handlers back.
+class SeñalesDeParada {
+public:
+    SeñalesDeParada() {
+        parar = 0;
+        struct sigaction sa = {};
+        sa.sa_handler = AlParar;
+        sigemptyset(&sa.sa_mask);
+        sigaction(SIGINT, &sa, &antesInt_);
+        sigaction(SIGTERM, &sa, &antesTerm_);
+    }
+    ~SeñalesDeParada() {
+        sigaction(SIGINT, &antesInt_, nullptr);
+        sigaction(SIGTERM, &antesTerm_, nullptr);
+    }
+    SeñalesDeParada(const SeñalesDeParada&) = delete;
+    SeñalesDeParada& operator=(const SeñalesDeParada&) = delete;
+
+private:
+    struct sigaction antesInt_ = {};
+    struct sigaction antesTerm_ = {};
+};
+
+using Instante = std::chrono::steady_clock::time_point;
+
+// Sleeps in short slices so a stop request is answered at once.
+void EsperarHasta(Instante hasta) {
+    while (!parar) {
+        const auto falta = hasta - std::chrono::steady_clock::now();
+        if (falta <= std::chrono::steady_clock::duration::zero()) {
+            return;
+        }
+        std::this_thread::sleep_for(
+            std::min<std::chrono::steady_clock::duration>(falta, std::chrono::milliseconds(50)));
+    }
+}
+
+void Vigilar(Vigilancia& v, const OpcionesVigilar& o) {
+    const auto paso = std::chrono::microseconds(1'000'000 / o.velocidad);
+    const Instante comienzo = std::chrono::steady_clock::now();
+    for (long segundo = 0; !parar; ++segundo) {
+        if (segundo > 0 && v.Simulada()) {
+            v.Avanzar();
+        }
+        v.Paso();
+        if (o.segundos && segundo >= *o.segundos) {
+            return;
+        }
+        EsperarHasta(comienzo + paso * (segundo + 1));
+    }
+}
+
+int Ejecutar(ContextoCli& contexto, const OpcionesVigilar& o, std::ostream& salida,
+             std::ostream& errores) {
+    const bool terminal = &salida == &std::cout && ::isatty(STDOUT_FILENO);
+    Vigilancia v(contexto.Carpeta(), o, salida, errores, terminal);
+    if (!v.Adquirir()) {
+        throw ErrorOrden("Vorimesk ya esta vigilando las conexiones en otro programa; solo "
+                         "puede haber uno.");
+    }
+    v.Iniciar();
+    SeñalesDeParada señales;
+    salida << "Vigilando las conexiones" << (v.Simulada() ? " del modem simulado" : "")
+           << " (Ctrl-C para terminar). Registro de sesiones: " << v.RutaModemLog() << "\n";
+    try {
+        Vigilar(v, o);
+    } catch (...) {
+        v.Terminar();
+        v.Guardar(); // what the meter took so far is kept
+        throw;
+    }
+    v.Terminar();
+    v.Guardar();
+    salida << "Registro y ajustes guardados.\n";
+    return kSalidaBien;
+}
+
+} // namespace
+
+void RegistrarOrdenVigilar(AplicacionCli& aplicacion) {
+    auto o = std::make_shared<OpcionesVigilar>();
+    ContextoCli& contexto = aplicacion.Contexto();
+    CLI::App* orden = aplicacion.Orden(
+        "vigilar", "Contador en vivo: vigila las conexiones y anota las llamadas en el registro",
+        [o, &contexto](std::ostream& salida, std::ostream& errores) {
+            return Ejecutar(contexto, *o, salida, errores);
+        });
+    CLI::Option* simular =
+        orden->add_option("--simular", o->guion, "Usa un modem simulado que sigue este guion")
+            ->type_name("GUION");
+    orden
+        ->add_option("--velocidad", o->velocidad,
+                     "Con --simular, el tiempo corre N veces mas deprisa")
+        ->type_name("N")
+        ->check(EnteroEntre(1, 100000))
+        ->needs(simular);
+    orden
+        ->add_option("--inicio", o->inicio,
+                     "Con --simular, el momento en que empieza el guion (AAAA-MM-DD hh:mm:ss)")
+        ->type_name("FECHA")
+        ->check(FechaHoraValida())
+        ->needs(simular);
+    orden->add_option("--segundos", o->segundos, "Termina tras S segundos de contador")
+        ->type_name("S")
+        ->check(EnteroEntre(0, 100000000));
+}
+
+} // namespace vorimesk::cli

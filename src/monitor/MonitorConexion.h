@@ -1,0 +1,147 @@
+#pragma once
+// The connection monitor: the state timer that notices a dial-up call come
+// up and go down, the live meter that prices it every tick, and the clock
+// timer. Plain logic: the caller reads the connection source, hands the
+// reading in, and paints Pantalla() and carries out the returned sucesos.
+//
+// A call opens on the first tick in state 2 (a link already up when the
+// program starts included): the connected latch goes to 65535, so however
+// many ticks follow in state 2 the start actions run once. While a call is
+// open, any other state ends it as the release of cmdConexion does: 0 as the
+// source reports a finished call, and also -1 and 3, which mean the link went
+// away without the 0 being seen (the source moved straight on to nothing or
+// to a new dial); so every call that came up reaches the register. A dial
+// that fails (3 then -1) never opens a call. A code outside -1, 3, 2 and 0
+// changes nothing.
+//
+// The start time of a call in the pending-connection list is the modem
+// log's "in use" stamp (DateConexion), which the log reader matches. pppd
+// brings the interface up a moment before its hook writes that line, so
+// while the log gives no session, or only the one the previous call used,
+// the stamp is read again on later ticks and once more when the call ends.
+//
+// Ending a call hangs up the watched entry, stops the meter and takes the
+// call from the modem log, waiting for its closing lines a bounded time (see
+// EsperaLogModem); calls that enter the register are saved at once. After a
+// hang-up asked by the user, state 2 opens no call until the source has
+// shown the link gone, so the last ticks of a link being torn down are not
+// taken for a new call.
+
+#include "AvisosLlamada.h"
+#include "ControlHora.h"
+#include "EsperaLogModem.h"
+#include "LecturaConexion.h"
+#include "LecturaMedidor.h"
+#include "LineaMonitor.h"
+#include "MedidorLlamada.h"
+#include "PantallaMonitor.h"
+#include "RegistroMonitor.h"
+#include "SucesoMonitor.h"
+#include "core/Reloj.h"
+#include "settings/Settings.h"
+#include "tariff/cBono.h"
+#include "tariff/cLlamada.h"
+#include "tariff/colConexion.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vorimesk {
+
+class MonitorConexion {
+public:
+    static constexpr std::uint16_t kEnganchado = 65535;
+    using Sucesos = std::vector<SucesoMonitor>;
+
+    struct Opciones {
+        // How long a call's closing lines are awaited in the modem log.
+        std::int64_t esperaLogSegundos = EsperaLogModem::kSegundosPorDefecto;
+    };
+
+    // Everything is borrowed and must outlive the monitor. `carpetaDatos`
+    // holds the tariff book "Tarifas.Dat".
+    MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& bono, colConexion& pendientes,
+                    RegistroMonitor& registro, LineaMonitor& linea,
+                    std::filesystem::path carpetaDatos, Opciones opciones);
+    MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& bono, colConexion& pendientes,
+                    RegistroMonitor& registro, LineaMonitor& linea,
+                    std::filesystem::path carpetaDatos)
+        : MonitorConexion(reloj, ajustes, bono, pendientes, registro, linea,
+                          std::move(carpetaDatos), Opciones{}) {}
+
+    // One second of the meter: the state timer, then the live meter while a
+    // call runs, then the clock timer.
+    Sucesos Tick(const LecturaConexion& lectura);
+    Sucesos TickEstado(const LecturaConexion& lectura);
+    Sucesos TickActual();
+    Sucesos TickHora();
+
+    // The user presses cmdConexion: with no connection and an entry chosen,
+    // that entry is dialled.
+    Sucesos Pulsar(const std::string& entradaElegida);
+    // The user releases cmdConexion or picks "&Desconectar": hangs up and
+    // ends the call.
+    Sucesos Soltar();
+
+    // Ticking an alert's option box arms it again.
+    void ArmarAviso(AvisosLlamada::Umbral umbral) { avisos_.Armar(umbral); }
+    const AvisosLlamada& Avisos() const { return avisos_; }
+    // The bundle group selected on the bono tab (0 day, 1 night).
+    void GrupoBono(std::int16_t grupo) { grupoBono_ = grupo; }
+
+    const PantallaMonitor& Pantalla() const { return pantalla_; }
+    std::uint16_t Enganche() const { return enganche_; }
+    bool LlamadaAbierta() const { return enganche_ == kEnganchado; }
+    bool MedidorActivo() const { return medidorActivo_; }
+    Fecha InicioLlamada() const { return inicioLlamada_; }
+    const std::string& EntradaLlamada() const { return entradaLlamada_; }
+    // The figures of the last live-meter tick.
+    const LecturaMedidor& Medida() const { return medida_; }
+    bool EsperandoLog() const { return espera_.Esperando(); }
+
+private:
+    void IniciarLlamada(const std::string& entrada, Sucesos& s);
+    void AccionesAlConectar(Sucesos& s);
+    void AlSoltar(Sucesos& s);
+    // Asks for the refill itself when `rellenar` (the release asks for its own).
+    void LeerLog(Sucesos& s, bool rellenar);
+    std::optional<Fecha> LeerFechaConexion(Sucesos& s);
+    void RefrescarFecha(Sucesos& s);
+    bool PerfilSigue() const;
+    void Sonar(MotivoAviso motivo, Sucesos& s) const;
+
+    const Reloj& reloj_;
+    Settings& ajustes_;
+    cBono& bono_;
+    colConexion& pendientes_;
+    RegistroMonitor& registro_;
+    LineaMonitor& linea_;
+    std::filesystem::path carpeta_;
+
+    PantallaMonitor pantalla_;
+    AvisosLlamada avisos_;
+    MedidorLlamada medidor_;
+    EsperaLogModem espera_;
+    ControlHora hora_;
+    std::optional<cLlamada> libro_;
+    LecturaMedidor medida_;
+
+    std::uint16_t enganche_ = 0;
+    bool medidorActivo_ = false;
+    bool colgadoPorUsuario_ = false;
+    Fecha inicioLlamada_;
+    std::string entradaLlamada_;
+    std::int16_t grupoBono_ = cBono::kGrupoDia;
+
+    // The call's profile in the pending list and whether its date is the
+    // call's own "in use" stamp yet.
+    cConexion* perfil_ = nullptr;
+    bool fechaFirme_ = false;
+    bool errorFechaAvisado_ = false;
+    std::optional<Fecha> fechaAnterior_; // the stamp the last call used
+};
+
+} // namespace vorimesk

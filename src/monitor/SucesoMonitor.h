@@ -1,0 +1,37 @@
+#pragma once
+// Things that happen on a tick and that the caller carries out or reports:
+// sounds, programs, the mini window, the register's refill. The monitor
+// itself only changes its state and the display values.
+
+#include "core/Fecha.h"
+
+#include <string>
+
+namespace vorimesk {
+
+// Why the alert sound plays.
+enum class MotivoAviso { Conectar, Desconectar, Tiempo, Importe, Bono, Hora };
+
+struct SucesoMonitor {
+    enum class Tipo {
+        LlamadaIniciada,  // texto = entry; the display holds tariff and discount
+        LlamadaTerminada, // a call was closed (the log may still be awaited)
+        Sonar,            // play the sound file `texto` for `motivo`
+        LanzarPrograma,   // start `texto` minimised, without focus or waiting
+        MostrarMini,      // show the mini window ("&Ventana normal" in the tray)
+        LlamadasAnotadas, // `llamadas` calls entered the register, already saved
+        RellenarRegistro, // refill the register grid up to today
+        LogSinCerrar,     // the modem log never got its closing lines: left for later
+        ErrorRegistro,    // `texto`: a Spanish message about the register or its log
+        BonoRenovado,     // the monthly renewal refilled the ledger's bundles
+    };
+
+    Tipo tipo;
+    std::string texto;
+    MotivoAviso motivo = MotivoAviso::Conectar;
+    int llamadas = 0;
+
+    bool operator==(const SucesoMonitor&) const = default;
+};
+
+} // namespace vorimesk
