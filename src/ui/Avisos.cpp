@@ -2,6 +2,7 @@
 
 #include "Mensajes.h"
 #include "core/Errores.h"
+#include "monitor/EntradasConexion.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -52,7 +53,7 @@ bool PreguntarRecalculo(QWidget* padre) {
 }
 
 void ConexionNueva(QWidget* padre) {
-    Caja(padre, QMessageBox::Warning, kTituloConexionNueva, kTextoConexionNueva);
+    Caja(padre, QMessageBox::Warning, kTituloConexionNueva, kAvisoConexionNueva);
 }
 
 void SinModem(QWidget* padre) {

@@ -17,10 +17,6 @@ inline const QString kTextoRecalculo = "Ha modificado datos que afectan a los ca
                                        "del registro de llamadas.\r"
                                        "¿Desea recalcular todas las llamadas con los parametro "
                                        "actuales ?";
-inline const QString kTituloConexionNueva = "Detectada conexion nueva";
-inline const QString kTextoConexionNueva = "Hay conexiones nuevas en el sistema.\r\n"
-                                           "Se inicializaran con los valores por defecto.\r\n"
-                                           "Se aconseja cambiarlos por los correctos.";
 inline const QString kTituloSinModem = "Atencion";
 inline const QString kTextoSinModem = "No tiene ningun modem instalado\r\n"
                                       "Instale uno y vuelva a ejecutar el programa";

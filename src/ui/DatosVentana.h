@@ -34,13 +34,6 @@ struct DatosVentana {
     bool RecalculoPendiente = false;
     // "Ventanas Conexion invisibles": never saved, off at every start.
     bool VentanasInvisibles = false;
-    // The alerts of the live meter sound once per arming.
-    struct Armados {
-        bool tiempo = true;
-        bool importe = true;
-        bool bono = true;
-    } AvisosArmados;
-
     Fecha InicioPeriodo;
     Fecha FinPeriodo;
 

@@ -1,6 +1,6 @@
 #include "PanelConexion.h"
 
-#include "TabConexiones.h"
+#include "monitor/EntradasConexion.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -64,7 +64,7 @@ void PanelConexion::MostrarEntradas(const std::vector<std::string>& entradas) {
     listaConexiones->clear();
     hayEntradas_ = !entradas.empty();
     if (!hayEntradas_) {
-        listaConexiones->addItem(TabConexiones::kSinConexiones);
+        listaConexiones->addItem(kSinConexiones);
     }
     for (const std::string& e : entradas) {
         listaConexiones->addItem(QString::fromStdString(e));

@@ -1,6 +1,7 @@
 #include "TabConexiones.h"
 
 #include "DatosVentana.h"
+#include "monitor/EntradasConexion.h"
 
 #include <QComboBox>
 #include <QFormLayout>

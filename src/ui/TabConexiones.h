@@ -17,11 +17,9 @@ struct DatosVentana;
 class TabConexiones : public QWidget {
     Q_OBJECT
 public:
-    static constexpr const char* kSinConexiones = "No hay conexiones disponibles.";
-
     TabConexiones(DatosVentana& datos, QWidget* padre = nullptr);
 
-    // The system's entries, in order; none shows kSinConexiones.
+    // The system's entries, in order; none shows "No hay conexiones disponibles.".
     void MostrarEntradas(const std::vector<std::string>& entradas);
     // The tariff names of the book, for the tariff list.
     void MostrarTarifas();

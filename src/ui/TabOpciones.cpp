@@ -169,9 +169,9 @@ void TabOpciones::Enlazar() {
     enlazar(Check5, a.AvisoBono);
     enlazar(chkImpuestos, a.AnadirImpuestos);
     // A click on a threshold's box makes its alert able to sound again.
-    connect(Check3, &QCheckBox::clicked, this, [this] { datos_.AvisosArmados.tiempo = true; });
-    connect(Check4, &QCheckBox::clicked, this, [this] { datos_.AvisosArmados.importe = true; });
-    connect(Check5, &QCheckBox::clicked, this, [this] { datos_.AvisosArmados.bono = true; });
+    connect(Check3, &QCheckBox::clicked, this, [this] { emit AvisoArmado(0); });
+    connect(Check4, &QCheckBox::clicked, this, [this] { emit AvisoArmado(1); });
+    connect(Check5, &QCheckBox::clicked, this, [this] { emit AvisoArmado(2); });
 
     connect(hora3, &QTimeEdit::userTimeChanged, this,
             [this](QTime t) { datos_.Ajustes.HoraAviso = DeQTime(t); });

@@ -53,6 +53,10 @@ public:
     QPushButton* cmdProgramas = nullptr;
     QPushButton* cmdInternet = nullptr;
 
+signals:
+    // A click on a threshold's box: 0 time, 1 cost, 2 bundle left.
+    void AvisoArmado(int umbral);
+
 private:
     QWidget* MarcoGeneral();
     QWidget* MarcoAvisos();

@@ -4,6 +4,7 @@
 #include "Iconos.h"
 #include "Mensajes.h"
 #include "ModeloRegistro.h"
+#include "PaletaColores.h"
 #include "PanelConexion.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
@@ -16,16 +17,20 @@
 #include "TabTarifas.h"
 #include "core/Archivo.h"
 #include "fModem.h"
+#include "monitor/EntradasConexion.h"
+#include "monitor/PerfilEntrada.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
-#include "tariff/RenovacionBono.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QListWidget>
 #include <QMenu>
+#include <QProcess>
 #include <QSettings>
+#include <QStatusBar>
 #include <QStyle>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
@@ -45,7 +50,10 @@ constexpr int kIntervaloHora = 1000;
 
 fMain::fMain(EntornoVentana entorno, QWidget* padre)
     : QMainWindow(padre), entorno_(std::move(entorno)),
-      datos_(entorno_.carpetaDatos, *entorno_.reloj) {
+      datos_(entorno_.carpetaDatos, *entorno_.reloj), registroMonitor_(datos_.Registro),
+      linea_(*entorno_.plataforma.marcador),
+      monitor_(*entorno_.reloj, datos_.Ajustes, datos_.Bono, datos_.Conexiones, registroMonitor_,
+               linea_, entorno_.carpetaDatos) {
     setWindowTitle("Vorimesk");
     setWindowIcon(IconoPrograma());
     sonido_ = new SonidoAviso(this);
@@ -76,7 +84,7 @@ void fMain::Construir() {
 
     panel = new PanelConexion(this);
     connect(panel, &PanelConexion::Marcar, this, [this](const QString& entrada) {
-        Proteger(this, [&] { entorno_.plataforma.marcador->Marcar(entrada.toStdString()); });
+        Proteger(this, [&] { Atender(monitor_.Pulsar(entrada.toStdString())); });
     });
 
     SSTab1 = new QTabWidget(this);
@@ -97,7 +105,13 @@ void fMain::Construir() {
     SSTab1->addTab(tabOpciones, "O&pciones");
     connect(SSTab1, &QTabWidget::currentChanged, this,
             [this](int nueva) { Proteger(this, [&] { CambioPestaña(nueva); }); });
-    connect(tabBono, &TabBono::GrupoElegido, this, [this] { MostrarBono(); });
+    connect(tabBono, &TabBono::GrupoElegido, this, [this](int grupo) {
+        monitor_.GrupoBono(static_cast<std::int16_t>(grupo));
+        MostrarBono();
+    });
+    connect(tabOpciones, &TabOpciones::AvisoArmado, this, [this](int umbral) {
+        monitor_.ArmarAviso(static_cast<AvisosLlamada::Umbral>(umbral));
+    });
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { CalcularPeriodo(); }));
@@ -124,7 +138,7 @@ void fMain::Cargar() {
     // and the program checked that it is the only instance before creating
     // the window.
     Proteger(this, [this] { LeerAjustes(); });
-    datos_.AvisosArmados = {};
+    // The threshold alerts are armed from the monitor's start.
     PonerBandeja();
     Proteger(this, [this] { BuscarModem(); });
     Proteger(this, [this] { AplicarCargaAlIniciar(); });
@@ -238,11 +252,9 @@ void fMain::LeerEntradas() {
     entradasSistema_ = entradas;
     panel->MostrarEntradas(entradas);
     tabConexiones->MostrarEntradas(entradas);
-    for (const std::string& e : entradas) {
-        if (tabConexiones->Buscar(e) < 0) {
-            datos_.Ajustes.EntradasConexion.push_back({e, "Metropolitana", "Ninguno"});
-            entradasNuevas_ = true;
-        }
+    if (!AñadirEntradasNuevas(datos_.Ajustes, entradas).empty()) {
+        entradasNuevas_ = true;
+        tabConexiones->MostrarEntradas(entradas);
     }
 }
 
@@ -277,22 +289,73 @@ void fMain::AplicarSiempreVisible() {
 }
 
 void fMain::TickHora() {
-    const Fecha ahora = datos_.RelojPrograma.Ahora();
-    if (RenovarBonoMensual(datos_.Bono, datos_.Ajustes.MesReinicio, ahora)) {
-        tabBono->Mostrar();
-        MostrarBono();
-    }
-    // "A la hora": once, on the first tick at or past the time of day.
-    const std::int32_t aviso = datos_.Ajustes.HoraAviso.SegundosDelDia();
-    if (ultimaHora_ && datos_.Ajustes.AvisoHora && ultimaHora_->Dias() == ahora.Dias() &&
-        ultimaHora_->SegundosDelDia() < aviso && aviso <= ahora.SegundosDelDia()) {
-        sonido_->Reproducir(QString::fromStdString(datos_.Ajustes.SonidoAviso));
-    }
-    ultimaHora_ = ahora;
+    Atender(monitor_.TickHora());
 }
 
 void fMain::TickEstado() {
-    // The connection monitor is driven from here.
+    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
+    fuente.Actualizar();
+    MonitorConexion::Sucesos sucesos =
+        monitor_.TickEstado({fuente.Count(), fuente.IntState(), fuente.EntryName()});
+    for (SucesoMonitor& s : monitor_.TickActual()) {
+        sucesos.push_back(std::move(s));
+    }
+    Atender(sucesos);
+}
+
+void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
+    for (const SucesoMonitor& s : sucesos) {
+        switch (s.tipo) {
+        case SucesoMonitor::Tipo::Sonar:
+            sonido_->Reproducir(QString::fromStdString(s.texto));
+            emit AvisoSonoro(static_cast<int>(s.motivo));
+            break;
+        case SucesoMonitor::Tipo::LanzarPrograma:
+            QProcess::startDetached(QString::fromStdString(s.texto), {});
+            break;
+        case SucesoMonitor::Tipo::RellenarRegistro:
+            CalcularPeriodo();
+            RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
+            break;
+        case SucesoMonitor::Tipo::BonoRenovado:
+            tabBono->Mostrar();
+            MostrarBono();
+            break;
+        case SucesoMonitor::Tipo::LogSinCerrar:
+            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
+                                     "con las de la proxima conexion.");
+            break;
+        case SucesoMonitor::Tipo::ErrorRegistro:
+            // Not modal: the timers go on while the user reads it.
+            statusBar()->showMessage(QString::fromStdString(s.texto));
+            std::cerr << "Vorimesk: " << s.texto << "\n";
+            break;
+        default:
+            // The call's own display (mini window included) is painted from
+            // the monitor's values below.
+            break;
+        }
+    }
+    MostrarPantalla();
+}
+
+void fMain::MostrarPantalla() {
+    const PantallaMonitor& p = monitor_.Pantalla();
+    QString estado = "Desconectado.";
+    if (p.EstadoPantalla == 1) {
+        estado = "Conectando con " + QString::fromStdString(p.Conectado) + "...";
+    } else if (p.EstadoPantalla == 2) {
+        estado = "Conectado con " + QString::fromStdString(p.Conectado) + "  " +
+                 QString::fromStdString(p.Tiempo) + "  " + QString::fromStdString(p.Gasto);
+    }
+    panel->Estado(ColorPaleta(p.ColorIndicador), estado);
+    panel->listaConexiones->setHidden(!p.ListaConexiones);
+    if (bandeja_ != nullptr) {
+        bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
+    }
+    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
+        MostrarBono();
+    }
 }
 
 void fMain::RellenaGrid(const CriteriosFiltro& criterios) {
@@ -346,6 +409,12 @@ void fMain::MostrarResumen() {
 
 void fMain::MostrarBono() {
     const auto grupo = static_cast<std::int16_t>(tabBono->Grupo());
+    const PantallaMonitor& p = monitor_.Pantalla();
+    // During a BonoNet call the live meter's figures are the ones to show.
+    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
+        tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), p.BonoGastado, p.BonoQueda);
+        return;
+    }
     tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), datos_.Bono.TiempoGastadoGrupo(grupo),
                             datos_.Bono.TotalTiempoGrupo(grupo));
 }

@@ -9,6 +9,9 @@
 #include "AnfitrionRegistro.h"
 #include "DatosVentana.h"
 #include "EntornoVentana.h"
+#include "LineaPlataforma.h"
+#include "monitor/MonitorConexion.h"
+#include "monitor/RegistroLog.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -71,10 +74,19 @@ public:
     // Asks about re-pricing the register, as a tab change does.
     void CambioPestaña(int nueva);
 
+    // One tick of the state timer (tmEstado): the connection source is read
+    // and the monitor runs its state machine and, during a call, the live
+    // meter; then what it asked for is done and its display shown.
+    void TickEstado();
+    // One tick of the clock timer (tmHora): the "A la hora" alert and the
+    // monthly renewal of the bundles.
+    void TickHora();
+
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
 
     DatosVentana& Datos() { return datos_; }
+    const MonitorConexion& Monitor() const { return monitor_; }
     const Listado& UltimoListado() const { return listado_; }
     QSystemTrayIcon* Bandeja() const { return bandeja_; }
 
@@ -90,6 +102,11 @@ public:
     QToolBar* Toolbar1 = nullptr;
     QTimer* tmEstado = nullptr;
     QTimer* tmHora = nullptr;
+
+signals:
+    // The alert sound was asked for (a MotivoAviso), whether or not the file
+    // could be played.
+    void AvisoSonoro(int motivo);
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
@@ -107,8 +124,8 @@ private:
     void CalcularPeriodo();
     void MostrarAjustes();
     void AplicarSiempreVisible();
-    void TickHora();
-    void TickEstado();
+    void Atender(const MonitorConexion::Sucesos& sucesos);
+    void MostrarPantalla();
     void MostrarResumen();
     void MostrarBono();
     void Recalcular();
@@ -118,6 +135,9 @@ private:
 
     EntornoVentana entorno_;
     DatosVentana datos_;
+    RegistroLog registroMonitor_;
+    LineaPlataforma linea_;
+    MonitorConexion monitor_;
     SonidoAviso* sonido_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;
     Listado listado_;
@@ -129,7 +149,6 @@ private:
     bool ajustesGuardables_ = true;
     bool terminando_ = false;
     bool mostrada_ = false;
-    std::optional<Fecha> ultimaHora_;
     std::optional<std::vector<std::string>> entradasSistema_;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 // A platform for the window tests and the screenshots: fixed dial-up
-// entries and modems, dialling and hang-ups only noted, no link ever, and
-// start at login kept in memory, so nothing of the machine is touched.
+// entries and modems, dialling and hang-ups only noted, the link in the
+// state the test puts it, and start at login kept in memory, so nothing of
+// the machine is touched.
 
 #include "platform/Plataforma.h"
 #include "platform/simulated/CargaAlIniciarEnMemoria.h"
@@ -18,13 +19,16 @@ class SistemaPrueba final : public FuenteConexiones,
                             public ListaModems {
 public:
     void Actualizar() override {}
-    int Count() const override { return 0; }
-    int IntState() const override { return kNada; }
-    std::string EntryName() const override { return {}; }
+    int Count() const override { return estado == kNada || estado == kDesconectado ? 0 : 1; }
+    int IntState() const override { return estado; }
+    std::string EntryName() const override { return estado == kNada ? std::string() : entrada; }
     std::optional<Trafico> Bytes() const override { return std::nullopt; }
 
     void Marcar(const std::string& entrada) override { marcadas.push_back(entrada); }
-    int Colgar(const std::string&) override { return 0; }
+    int Colgar(const std::string& e) override {
+        colgadas.push_back(e);
+        return 0;
+    }
     int UltimoResultado() const override { return 0; }
 
     std::vector<std::string> Entradas() const override { return entradas; }
@@ -33,6 +37,9 @@ public:
     std::vector<std::string> entradas;
     std::vector<Modem> modems;
     std::vector<std::string> marcadas;
+    std::vector<std::string> colgadas;
+    int estado = kNada;
+    std::string entrada;
 };
 
 struct PlataformaPrueba {

@@ -4,6 +4,7 @@
 #include "CapturasVentana.h"
 
 #include "PlataformaPrueba.h"
+#include "monitor/EntradasConexion.h"
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "settings/ArchivoVariables.h"
@@ -148,8 +149,8 @@ bool CapturarVentana(const QString& carpeta) {
              }},
             {"aviso-conexion-nueva",
              [&] {
-                 return propio(Caja(QMessageBox::Warning, avisos::kTituloConexionNueva,
-                                    avisos::kTextoConexionNueva, QMessageBox::Ok));
+                 return propio(Caja(QMessageBox::Warning, kTituloConexionNueva, kAvisoConexionNueva,
+                                    QMessageBox::Ok));
              }},
             {"aviso-sin-modem",
              [&] {

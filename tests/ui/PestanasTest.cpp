@@ -24,6 +24,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -259,10 +260,14 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "1500");
     EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 15.6F);
 
-    v->Datos().AvisosArmados.tiempo = false;
+    QSignalSpy armados(&t, &TabOpciones::AvisoArmado);
     t.Check3->click();
     EXPECT_TRUE(v->Datos().Ajustes.AvisoTiempo);
-    EXPECT_TRUE(v->Datos().AvisosArmados.tiempo);
+    t.Check5->click();
+    t.Check1->click();
+    ASSERT_EQ(armados.count(), 2); // the time and the bundle alerts
+    EXPECT_EQ(armados[0][0].toInt(), 0);
+    EXPECT_EQ(armados[1][0].toInt(), 2);
     t.Check11->click();
     EXPECT_TRUE(v->Datos().VentanasInvisibles);
     t.txtImporte->clear();

@@ -3,6 +3,7 @@
 
 #include "CarpetaVentana.h"
 #include "RespuestasDialogo.h"
+#include "platform/LineasModemLog.h"
 #include "ui/Avisos.h"
 #include "ui/ModeloRegistro.h"
 #include "ui/PanelConexion.h"
@@ -16,6 +17,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
 #include <csignal>
@@ -187,7 +189,8 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
     EXPECT_EQ(respuestas.Vistas().size(), 2u);
     EXPECT_FALSE(respuestas.Pendientes());
 
-    // A double click on an entry dials it.
+    // With no connection, a double click on an entry dials it.
+    v->TickEstado();
     v->panel->listaConexiones->setCurrentRow(1);
     emit v->panel->listaConexiones->itemDoubleClicked(v->panel->listaConexiones->item(1));
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
@@ -242,4 +245,56 @@ TEST_F(Ventana, AlAcabarLaSesionSeGuardanLosAjustes) {
     }
     EXPECT_EQ(recibida, SIGTERM);
     EXPECT_TRUE(LeerVariables(dir / "Varibles.Dat").valores.MiniAlConectar);
+}
+
+TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
+    Settings s = AjustesCon();
+    s.AvisoConectar = true;
+    s.AvisoTiempo = true;
+    s.TiempoAviso.Valor("00:00:30");
+    s.SonidoAviso = (dir / "aviso.wav").string();
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa"};
+    auto v = Abrir();
+    QSignalSpy sonidos(v.get(), &fMain::AvisoSonoro);
+    const auto log = dir / "modemlog.txt";
+    auto tick = [&](int estado) {
+        plataforma.sistema->estado = estado;
+        plataforma.sistema->entrada = "Casa";
+        reloj.Avanzar(1);
+        v->TickEstado();
+    };
+
+    AnexarModemLog(log, BloqueSubida(reloj.Ahora(), {"ppp0", "/dev/ttyS0", "Casa", ""}));
+    tick(SistemaPrueba::kConectado);
+    EXPECT_TRUE(v->Monitor().LlamadaAbierta());
+    EXPECT_TRUE(v->panel->listaConexiones->isHidden());
+    for (int i = 0; i < 40; ++i) {
+        tick(SistemaPrueba::kConectado);
+    }
+    // Connecting and passing 30 seconds sound once each; ticking the time
+    // alert's box again lets it sound once more.
+    ASSERT_EQ(sonidos.count(), 2);
+    EXPECT_EQ(sonidos[0][0].toInt(), int(MotivoAviso::Conectar));
+    EXPECT_EQ(sonidos[1][0].toInt(), int(MotivoAviso::Tiempo));
+    v->tabOpciones->Check3->click();
+    v->tabOpciones->Check3->click();
+    tick(SistemaPrueba::kConectado);
+    EXPECT_EQ(sonidos.count(), 3);
+
+    AnexarModemLog(log, BloqueBajada(reloj.Ahora(), {4096, 2048}));
+    tick(SistemaPrueba::kDesconectado);
+    EXPECT_FALSE(v->Monitor().LlamadaAbierta());
+    EXPECT_FALSE(v->panel->listaConexiones->isHidden());
+    // The call is in the register, in the file and in the grid of the period.
+    ASSERT_EQ(v->Datos().Registro.Count(), 1);
+    EXPECT_EQ(v->Datos().Registro.Conexion(0), "Casa");
+    EXPECT_EQ(v->Datos().Registro.Tarifa(0), "Metropolitana");
+    EXPECT_EQ(v->Datos().Registro.Recibidos(0), 4);
+    Log guardado(dir);
+    guardado.CargarLog();
+    EXPECT_EQ(guardado.Count(), 1);
+    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 1);
+    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 7).data().toString(), "Casa");
+    EXPECT_FALSE(Existe(log));
 }
