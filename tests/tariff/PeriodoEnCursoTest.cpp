@@ -1,7 +1,8 @@
 // The billing period the main window totals at start.
 
-#include "core/Fecha.h"
 #include "tariff/PeriodoEnCurso.h"
+
+#include "core/Fecha.h"
 
 #include <gtest/gtest.h>
 
