@@ -23,7 +23,11 @@ protected:
         std::filesystem::permissions(dir, std::filesystem::perms::owner_all, ec);
         std::filesystem::remove_all(dir, ec);
     }
+    // Writes the file, making its folders (fake system trees need them).
     static void Escribir(const std::filesystem::path& p, const std::string& bytes) {
+        if (p.has_parent_path()) {
+            std::filesystem::create_directories(p.parent_path());
+        }
         std::ofstream(p, std::ios::binary) << bytes;
     }
     static std::string Leer(const std::filesystem::path& p) {
