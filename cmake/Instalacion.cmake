@@ -15,7 +15,7 @@ install(FILES data/iconos/vorimesk.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/iconos/
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
-install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk/ayuda)
+install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk/ayuda)
 install(FILES data/man/vorimesk-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 # The shipped tariff book as a file, for users who want to start over by hand.

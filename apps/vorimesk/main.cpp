@@ -8,7 +8,9 @@
 #include "platform/LineasModemLog.h"
 #include "platform/Plataforma.h"
 #include "tariff/LibroPorDefecto.h"
+#include "ui/Arranque.h"
 #include "ui/Avisos.h"
+#include "ui/PuertaInstancia.h"
 #include "ui/SenalesTerminar.h"
 #include "ui/fMain.h"
 
@@ -31,8 +33,11 @@ Opciones LeerOpciones(const QApplication& app) {
     analizador.addHelpOption();
     analizador.addVersionOption();
     const QCommandLineOption datos("datos", "Carpeta de los datos del usuario.", "DIR");
-    const QCommandLineOption simular("simular", "Usa un modem simulado que sigue el GUION.",
-                                     "GUION");
+    const QCommandLineOption simular(
+        "simular",
+        "Demostracion: usa un modem simulado que sigue el GUION y abre la mini ventana en "
+        "cada llamada.",
+        "GUION");
     analizador.addOption(datos);
     analizador.addOption(simular);
     analizador.process(app);
@@ -58,10 +63,13 @@ int Ejecutar(AplicacionVorimesk& app) {
     op.guion = opciones.guion;
     op.reloj = &reloj;
     Plataforma plataforma = CrearPlataforma(op);
-    // A second copy ends at once, silently.
+    // A second copy ends at once, silently, bringing the running one forward.
     if (!plataforma.instancia->Adquirir()) {
+        PuertaInstancia::Llamar();
         return 0;
     }
+    PuertaInstancia puerta;
+    puerta.Abrir();
 
     EntornoVentana entorno;
     entorno.carpetaDatos = carpeta;
@@ -70,13 +78,14 @@ int Ejecutar(AplicacionVorimesk& app) {
     entorno.plataforma = plataforma;
     entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog);
     entorno.reloj = &reloj;
+    entorno.demostracion = opciones.guion.has_value();
 
-    auto ventana = std::make_unique<fMain>(entorno);
     SenalesTerminar senales;
+    const std::unique_ptr<fMain> ventana = Arrancar(entorno);
     QObject::connect(&senales, &SenalesTerminar::Terminar, ventana.get(),
                      [&ventana] { ventana->TerminarSesion(); });
-    ventana->Cargar();
-    ventana->show();
+    QObject::connect(&puerta, &PuertaInstancia::Llamada, ventana.get(),
+                     [&ventana] { ventana->RestaurarVentanas(); });
     return app.exec();
 }
 

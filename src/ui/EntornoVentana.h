@@ -21,6 +21,9 @@ struct EntornoVentana {
     // The session log to read when the system has no modem at all.
     std::filesystem::path logSinModem;
     const Reloj* reloj = nullptr;
+    // Started on a scripted modem to show a call: the mini window comes up
+    // with every call, whatever the options say.
+    bool demostracion = false;
 };
 
 } // namespace vorimesk

@@ -54,4 +54,18 @@ QIcon IconoPrograma() {
     return icono;
 }
 
+QPixmap PintarLampara(const QColor& color, int lado) {
+    QPixmap mapa(lado, lado);
+    mapa.fill(Qt::transparent);
+    QPainter p(&mapa);
+    p.setRenderHint(QPainter::Antialiasing);
+    QRadialGradient brillo(lado * 0.35, lado * 0.35, lado * 0.6);
+    brillo.setColorAt(0, color.lighter(160));
+    brillo.setColorAt(1, color);
+    p.setBrush(brillo);
+    p.setPen(QPen(color.darker(160), 1));
+    p.drawEllipse(QRectF(1, 1, lado - 2, lado - 2));
+    return mapa;
+}
+
 } // namespace vorimesk

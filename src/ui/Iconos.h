@@ -11,5 +11,7 @@ namespace vorimesk {
 
 QPixmap PintarIconoPrograma(int lado);
 QIcon IconoPrograma();
+// The round status lamp of the main and mini windows.
+QPixmap PintarLampara(const QColor& color, int lado);
 
 } // namespace vorimesk

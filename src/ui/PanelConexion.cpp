@@ -1,38 +1,69 @@
 #include "PanelConexion.h"
 
+#include "Iconos.h"
+#include "PaletaColores.h"
 #include "monitor/EntradasConexion.h"
+#include "monitor/PantallaMonitor.h"
 
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QPainter>
-#include <QPixmap>
+#include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace vorimesk {
 namespace {
 
-QPixmap Lampara(const QColor& color, int lado) {
-    QPixmap mapa(lado, lado);
-    mapa.fill(Qt::transparent);
-    QPainter p(&mapa);
-    p.setRenderHint(QPainter::Antialiasing);
-    QRadialGradient brillo(lado * 0.35, lado * 0.35, lado * 0.6);
-    brillo.setColorAt(0, color.lighter(160));
-    brillo.setColorAt(1, color);
-    p.setBrush(brillo);
-    p.setPen(QPen(color.darker(160), 1));
-    p.drawEllipse(QRectF(1, 1, lado - 2, lado - 2));
-    return mapa;
+QLabel* Etiqueta(const QString& texto, const char* nombre, QWidget* padre) {
+    auto* l = new QLabel(texto, padre);
+    l->setObjectName(nombre);
+    return l;
+}
+
+void Agrandar(QLabel* l, int puntos) {
+    QFont f = l->font();
+    f.setPointSize(f.pointSize() + puntos);
+    f.setBold(true);
+    l->setFont(f);
 }
 
 } // namespace
 
 PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
-    shEstado = new QLabel(this);
-    shEstado->setObjectName("shEstado");
-    lMsgEstado = new QLabel(this);
-    lMsgEstado->setObjectName("lMsgEstado");
+    marcoEstado_ = new QGroupBox("Estado", this);
+    shEstado = Etiqueta({}, "shEstado", marcoEstado_);
+    lMsgEstado = Etiqueta({}, "lMsgEstado", marcoEstado_);
+    lFecha = Etiqueta({}, "lFecha", marcoEstado_);
+    lHora = Etiqueta({}, "lHora", marcoEstado_);
+    Label25 = Etiqueta("Conectado con:", "Label25", marcoEstado_);
+    lConectado = Etiqueta({}, "lConectado", marcoEstado_);
+    Label28 = Etiqueta("Tarifa:", "Label28", marcoEstado_);
+    lTarifa2 = Etiqueta({}, "lTarifa2", marcoEstado_);
+    cmdConexion = new QPushButton("Co&nectar", marcoEstado_);
+    cmdConexion->setObjectName("cmdConexion");
+    cmdConexion->setCheckable(true);
+    cmdConexion->setToolTip("Marca la conexion elegida, o cuelga la llamada en curso");
+    connect(cmdConexion, &QPushButton::toggled, this, &PanelConexion::AlPulsar);
+
+    auto* estado = new QGridLayout(marcoEstado_);
+    auto* lampara = new QHBoxLayout;
+    lampara->addWidget(shEstado);
+    lampara->addWidget(lMsgEstado, 1);
+    estado->addLayout(lampara, 0, 0, 1, 2);
+    estado->addWidget(lFecha, 0, 2, Qt::AlignRight);
+    estado->addWidget(Label25, 1, 0);
+    estado->addWidget(lConectado, 1, 1);
+    estado->addWidget(lHora, 1, 2, Qt::AlignRight);
+    estado->addWidget(Label28, 2, 0);
+    estado->addWidget(lTarifa2, 2, 1);
+    estado->addWidget(cmdConexion, 2, 2);
+    estado->setColumnStretch(1, 1);
+
+    marcoMedidor_ = CrearMedidor();
+
     listaConexiones = new QListWidget(this);
     listaConexiones->setObjectName("listaConexiones");
     listaConexiones->setToolTip("Doble clic para marcar");
@@ -42,22 +73,38 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
             emit Marcar(item->text());
         }
     });
+    lEntradas_ = new QLabel("Conexiones:", this);
+    auto* lista = new QVBoxLayout;
+    lista->addWidget(lEntradas_);
+    lista->addWidget(listaConexiones);
+    lista->addStretch();
 
-    auto* estado = new QHBoxLayout;
-    estado->addWidget(shEstado);
-    estado->addWidget(lMsgEstado);
-    estado->addStretch();
-    auto* izquierda = new QVBoxLayout;
-    izquierda->addLayout(estado);
-    izquierda->addStretch();
     auto* todo = new QHBoxLayout(this);
     todo->setContentsMargins(0, 0, 0, 0);
-    todo->addLayout(izquierda, 1);
-    auto* lista = new QVBoxLayout;
-    lista->addWidget(new QLabel("Conexiones:", this));
-    lista->addWidget(listaConexiones);
-    todo->addLayout(lista, 1);
-    Estado(QColor(255, 85, 85), "Desconectado.");
+    todo->addWidget(marcoEstado_, 3);
+    todo->addWidget(marcoMedidor_, 2);
+    todo->addLayout(lista, 2);
+    Mostrar(PantallaMonitor{});
+}
+
+QGroupBox* PanelConexion::CrearMedidor() {
+    auto* marco = new QGroupBox("Llamada en curso", this);
+    lTiempo = Etiqueta("00:00:00", "lTiempo", marco);
+    lGasto = Etiqueta("0.00", "lGasto", marco);
+    lTarifa = Etiqueta({}, "lTarifa", marco);
+    lBono = Etiqueta({}, "lBono", marco);
+    Agrandar(lTiempo, 8);
+    Agrandar(lGasto, 4);
+    lTiempo->setToolTip("Duracion de la llamada");
+    lGasto->setToolTip("Coste de la llamada");
+    lTarifa->setToolTip("Franja de la tarifa en este momento");
+    lBono->setToolTip("Se esta gastando tiempo de un bono");
+    auto* rejilla = new QGridLayout(marco);
+    rejilla->addWidget(lTiempo, 0, 0, 1, 2, Qt::AlignCenter);
+    rejilla->addWidget(lGasto, 1, 0, 1, 2, Qt::AlignCenter);
+    rejilla->addWidget(lTarifa, 2, 0, Qt::AlignLeft);
+    rejilla->addWidget(lBono, 2, 1, Qt::AlignRight);
+    return marco;
 }
 
 void PanelConexion::MostrarEntradas(const std::vector<std::string>& entradas) {
@@ -74,10 +121,65 @@ void PanelConexion::MostrarEntradas(const std::vector<std::string>& entradas) {
     }
 }
 
-void PanelConexion::Estado(const QColor& color, const QString& texto) {
+QString PanelConexion::EntradaElegida() const {
+    const QListWidgetItem* item = listaConexiones->currentItem();
+    return hayEntradas_ && item != nullptr ? item->text() : QString();
+}
+
+void PanelConexion::Elegir(const QString& entrada) {
+    const auto encontrados = listaConexiones->findItems(entrada, Qt::MatchExactly);
+    if (!encontrados.isEmpty()) {
+        listaConexiones->setCurrentItem(encontrados.first());
+    }
+}
+
+QList<QWidget*> PanelConexion::Asas() const {
+    QList<QWidget*> asas{marcoEstado_, marcoMedidor_, lEntradas_};
+    for (QLabel* l : {lMsgEstado, lFecha, lHora, Label25, lConectado, Label28, lTarifa2, lTiempo,
+                      lGasto, lTarifa, lBono, shEstado}) {
+        asas.append(l);
+    }
+    return asas;
+}
+
+void PanelConexion::Mostrar(const PantallaMonitor& p) {
     const int lado = lMsgEstado->fontMetrics().height() + 4;
-    shEstado->setPixmap(Lampara(color, lado));
-    lMsgEstado->setText(texto);
+    shEstado->setPixmap(PintarLampara(ColorPaleta(p.ColorIndicador), lado));
+    lMsgEstado->setText(QString::fromStdString(p.MsgEstado));
+    lFecha->setText(QString::fromStdString(p.FechaHoy));
+    lHora->setText(QString::fromStdString(p.HoraAhora));
+    for (QWidget* w : {static_cast<QWidget*>(Label25), static_cast<QWidget*>(Label28),
+                       static_cast<QWidget*>(lConectado), static_cast<QWidget*>(lTarifa2),
+                       static_cast<QWidget*>(lMsgEstado)}) {
+        w->setVisible(p.EtiquetasLlamada);
+    }
+    lConectado->setText(QString::fromStdString(p.Conectado));
+    lTarifa2->setText(QString::fromStdString(p.Tarifa2));
+    listaConexiones->setHidden(!p.ListaConexiones);
+    lEntradas_->setHidden(!p.ListaConexiones);
+
+    lTiempo->setText(QString::fromStdString(p.Tiempo));
+    QPalette paleta = lTiempo->palette();
+    paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));
+    lTiempo->setPalette(paleta);
+    lGasto->setText(QString::fromStdString(p.Gasto.empty() ? "0.00" : p.Gasto));
+    lTarifa->setText(QString::fromStdString(p.Tarifa));
+    lBono->setText(QString::fromStdString(p.Bono));
+
+    // The monitor presses and releases the button too: that is shown, not
+    // acted upon.
+    const QSignalBlocker bloqueo(cmdConexion);
+    cmdConexion->setChecked(p.BotonConexion);
+    cmdConexion->setText(p.BotonConexion ? "Desco&nectar" : "Co&nectar");
+}
+
+void PanelConexion::AlPulsar(bool pulsado) {
+    cmdConexion->setText(pulsado ? "Desco&nectar" : "Co&nectar");
+    if (pulsado) {
+        emit Pulsado(EntradaElegida());
+    } else {
+        emit Colgar();
+    }
 }
 
 } // namespace vorimesk

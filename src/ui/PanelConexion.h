@@ -1,17 +1,22 @@
 #pragma once
-// The top of the main window: the state lamp and, while no call is up, the
-// dial-up entries to dial (listaConexiones; a double-click dials). The live
-// figures of a running call join it here.
+// The top of the main window: the state lamp and message, today's date and
+// time, the call labels (entry and its tariff) and the live meter (time,
+// cost, band, bundle), the connect/disconnect button cmdConexion and, while
+// no call is up, the dial-up entries to dial (listaConexiones; a
+// double-click dials). Everything shown comes from the monitor's display.
 
-#include <QColor>
 #include <QWidget>
 #include <string>
 #include <vector>
 
+class QGroupBox;
 class QLabel;
 class QListWidget;
+class QPushButton;
 
 namespace vorimesk {
+
+struct PantallaMonitor;
 
 class PanelConexion : public QWidget {
     Q_OBJECT
@@ -20,16 +25,44 @@ public:
 
     // The system's entries; none shows "No hay conexiones disponibles.".
     void MostrarEntradas(const std::vector<std::string>& entradas);
-    void Estado(const QColor& color, const QString& texto);
+    void Mostrar(const PantallaMonitor& p);
+    // The entry chosen in the list, empty when there is none to dial.
+    QString EntradaElegida() const;
+    // Selects `entrada` in the list (the tray's "&Conectar con" does).
+    void Elegir(const QString& entrada);
+    // The frames and labels by which the window can be dragged.
+    QList<QWidget*> Asas() const;
 
     QLabel* shEstado = nullptr;
     QLabel* lMsgEstado = nullptr;
+    QLabel* lFecha = nullptr;
+    QLabel* lHora = nullptr;
+    QLabel* Label25 = nullptr;
+    QLabel* lConectado = nullptr;
+    QLabel* Label28 = nullptr;
+    QLabel* lTarifa2 = nullptr;
+    QLabel* lTiempo = nullptr;
+    QLabel* lGasto = nullptr;
+    QLabel* lTarifa = nullptr;
+    QLabel* lBono = nullptr;
+    QPushButton* cmdConexion = nullptr;
     QListWidget* listaConexiones = nullptr;
 
 signals:
+    // A double-click on an entry: dial it.
     void Marcar(const QString& entrada);
+    // The user pressed cmdConexion, with the entry chosen in the list (empty
+    // when there is none).
+    void Pulsado(const QString& entradaElegida);
+    // The user released cmdConexion: hang up.
+    void Colgar();
 
 private:
+    void AlPulsar(bool pulsado);
+    QGroupBox* CrearMedidor();
+    QGroupBox* marcoEstado_ = nullptr;
+    QGroupBox* marcoMedidor_ = nullptr;
+    QLabel* lEntradas_ = nullptr;
     bool hayEntradas_ = false;
 };
 

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,6 +75,16 @@ QWidget* TabOpciones::MarcoGeneral() {
     filas->addWidget(Check9);
     filas->addLayout(programas);
     filas->addWidget(Check11);
+    // Wayland lets no window put itself above the others: the user is told
+    // once, here, instead of the pin seeming to do nothing.
+    if (QGuiApplication::platformName().startsWith("wayland")) {
+        auto* aviso = new QLabel("En Wayland el programa no puede ponerse por si mismo encima de "
+                                 "las demas ventanas: \"Siempre visible\" depende del escritorio.",
+                                 marco);
+        aviso->setObjectName("lAvisoWayland");
+        aviso->setWordWrap(true);
+        filas->addWidget(aviso);
+    }
     auto* internet = new QHBoxLayout;
     internet->addStretch();
     internet->addWidget(cmdInternet);

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -58,6 +59,11 @@ TabRegistro::TabRegistro(QWidget* padre) : QWidget(padre) {
     periodo->addWidget(new QLabel("Periodo:", this));
     periodo->addWidget(lPeriodo2);
     periodo->addStretch();
+    cmdFiltro = new QPushButton("&Filtro...", this);
+    cmdFiltro->setObjectName("cmdFiltro");
+    cmdFiltro->setToolTip("Elegir que llamadas se listan");
+    connect(cmdFiltro, &QPushButton::clicked, this, &TabRegistro::PedirFiltro);
+    periodo->addWidget(cmdFiltro);
 
     auto* totales = new QHBoxLayout;
     totales->addWidget(new QLabel("Llamadas:", this));

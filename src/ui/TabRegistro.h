@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 class QTableView;
 
 namespace vorimesk {
@@ -27,6 +28,11 @@ public:
     QLabel* Label4 = nullptr;       // beside "Llamadas:"
     QLabel* lDuracionReg = nullptr; // beside "Duracion:"
     QLabel* lGastoReg = nullptr;    // beside "Gasto:"
+    QPushButton* cmdFiltro = nullptr;
+
+signals:
+    // The user asks for the register filter.
+    void PedirFiltro();
 
 private:
     ModeloRegistro* modelo_ = nullptr;

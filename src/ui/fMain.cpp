@@ -1,8 +1,11 @@
 #include "fMain.h"
 
+#include "ArrastreVentana.h"
 #include "Avisos.h"
+#include "BarraPrincipal.h"
 #include "Iconos.h"
 #include "Mensajes.h"
+#include "MenuBandeja.h"
 #include "ModeloRegistro.h"
 #include "PaletaColores.h"
 #include "PanelConexion.h"
@@ -16,6 +19,7 @@
 #include "TabResumen.h"
 #include "TabTarifas.h"
 #include "core/Archivo.h"
+#include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
 #include "monitor/PerfilEntrada.h"
@@ -31,11 +35,9 @@
 #include <QProcess>
 #include <QSettings>
 #include <QStatusBar>
-#include <QStyle>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
 #include <QTimer>
-#include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <iostream>
@@ -71,21 +73,24 @@ fMain::fMain(EntornoVentana entorno, QWidget* padre)
     });
 }
 
-fMain::~fMain() = default;
+fMain::~fMain() {
+    // The mini window has no parent, so it stays up while this one hides.
+    delete mini_;
+}
 
 void fMain::Construir() {
-    Toolbar1 = addToolBar("Herramientas");
-    Toolbar1->setObjectName("Toolbar1");
-    Toolbar1->setMovable(false);
-    QAction* salir = Toolbar1->addAction(style()->standardIcon(QStyle::SP_DialogCloseButton),
-                                         "Salir de la aplicacion");
-    salir->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(salir, &QAction::triggered, this, [this] { Terminar(); });
+    ConstruirBarra();
+    ConstruirMenuBandeja();
 
     panel = new PanelConexion(this);
     connect(panel, &PanelConexion::Marcar, this, [this](const QString& entrada) {
+        Proteger(this, [&] { linea_.Marcar(entrada.toStdString()); });
+    });
+    connect(panel, &PanelConexion::Pulsado, this, [this](const QString& entrada) {
         Proteger(this, [&] { Atender(monitor_.Pulsar(entrada.toStdString())); });
     });
+    connect(panel, &PanelConexion::Colgar, this,
+            [this] { Proteger(this, [&] { Atender(monitor_.Soltar()); }); });
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName("SSTab1");
@@ -113,6 +118,7 @@ void fMain::Construir() {
         monitor_.ArmarAviso(static_cast<AvisosLlamada::Umbral>(umbral));
     });
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
+    connect(tabRegistro, &TabRegistro::PedirFiltro, this, [this] { AbrirFiltro(); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { CalcularPeriodo(); }));
 
@@ -121,6 +127,7 @@ void fMain::Construir() {
     todo->addWidget(panel);
     todo->addWidget(SSTab1, 1);
     setCentralWidget(centro);
+    HacerArrastrable();
 
     tmEstado = new QTimer(this);
     tmEstado->setObjectName("tmEstado");
@@ -193,13 +200,11 @@ void fMain::PonerBandeja() {
     }
     bandeja_ = new QSystemTrayIcon(IconoPrograma(), this);
     bandeja_->setToolTip(windowTitle() + "  Desconectado.");
-    auto* menu = new QMenu(this);
-    connect(menu->addAction("&Terminar"), &QAction::triggered, this, [this] { Terminar(); });
-    bandeja_->setContextMenu(menu);
+    bandeja_->setContextMenu(mnuOne);
     connect(bandeja_, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason razon) {
-                if (razon == QSystemTrayIcon::DoubleClick || razon == QSystemTrayIcon::Trigger) {
-                    Restaurar();
+                if (razon == QSystemTrayIcon::DoubleClick) {
+                    RestaurarVentanas();
                 }
             });
     bandeja_->show();
@@ -251,6 +256,7 @@ void fMain::LeerEntradas() {
     }
     entradasSistema_ = entradas;
     panel->MostrarEntradas(entradas);
+    mnuOne->MostrarEntradas(entradas);
     tabConexiones->MostrarEntradas(entradas);
     if (!AñadirEntradasNuevas(datos_.Ajustes, entradas).empty()) {
         entradasNuevas_ = true;
@@ -284,10 +290,6 @@ void fMain::MostrarAjustes() {
     tabBono->Mostrar();
 }
 
-void fMain::AplicarSiempreVisible() {
-    setWindowFlag(Qt::WindowStaysOnTopHint, datos_.Ajustes.SiempreVisible);
-}
-
 void fMain::TickHora() {
     Atender(monitor_.TickHora());
 }
@@ -309,6 +311,15 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
         case SucesoMonitor::Tipo::Sonar:
             sonido_->Reproducir(QString::fromStdString(s.texto));
             emit AvisoSonoro(static_cast<int>(s.motivo));
+            break;
+        case SucesoMonitor::Tipo::MostrarMini:
+            MostrarMini();
+            break;
+        case SucesoMonitor::Tipo::LlamadaIniciada:
+            // A demonstration shows every window a call can have.
+            if (entorno_.demostracion) {
+                MostrarMini();
+            }
             break;
         case SucesoMonitor::Tipo::LanzarPrograma:
             QProcess::startDetached(QString::fromStdString(s.texto), {});
@@ -341,15 +352,12 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
 
 void fMain::MostrarPantalla() {
     const PantallaMonitor& p = monitor_.Pantalla();
-    QString estado = "Desconectado.";
-    if (p.EstadoPantalla == 1) {
-        estado = "Conectando con " + QString::fromStdString(p.Conectado) + "...";
-    } else if (p.EstadoPantalla == 2) {
-        estado = "Conectado con " + QString::fromStdString(p.Conectado) + "  " +
-                 QString::fromStdString(p.Tiempo) + "  " + QString::fromStdString(p.Gasto);
+    panel->Mostrar(p);
+    if (mini_ != nullptr) {
+        mini_->Mostrar(p);
     }
-    panel->Estado(ColorPaleta(p.ColorIndicador), estado);
-    panel->listaConexiones->setHidden(!p.ListaConexiones);
+    mnuOne->mnu(MenuBandeja::kConectar)->setEnabled(p.MenuConectar);
+    mnuOne->mnu(MenuBandeja::kDesconectar)->setEnabled(p.MenuDesconectar);
     if (bandeja_ != nullptr) {
         bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
     }
@@ -489,17 +497,12 @@ void fMain::closeEvent(QCloseEvent* evento) {
             continue;
         }
         if (bandeja) {
+            ocultas_.append(w);
             w->hide();
         } else {
             w->showMinimized();
         }
     }
-}
-
-void fMain::Restaurar() {
-    showNormal();
-    raise();
-    activateWindow();
 }
 
 void fMain::changeEvent(QEvent* evento) {

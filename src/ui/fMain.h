@@ -1,10 +1,12 @@
 #pragma once
 // The main window: it owns the register, the settings, the BonoNet ledger
-// and the tray icon, and hosts the connection panel and the tabbed area
-// SSTab1 (summary, dial-up entries, tariffs, register grid, holidays,
-// BonoNet and options). Cargar runs the load sequence; the close box only
-// hides the window (to the tray, or minimised when there is no tray), and
-// only Terminar ends the program, saving register and settings.
+// and the tray icon, and hosts the toolbar, the connection panel with the
+// live meter and the tabbed area SSTab1 (summary, dial-up entries, tariffs,
+// register grid, holidays, BonoNet and options). Cargar runs the load
+// sequence; the close box only hides the windows (to the tray, or minimised
+// when there is no tray), and only Terminar ends the program, saving
+// register and settings. The toolbar, the tray menu, the mini window and
+// always-on-top live in fMainEscritorio.cpp.
 
 #include "AnfitrionRegistro.h"
 #include "DatosVentana.h"
@@ -13,7 +15,9 @@
 #include "monitor/MonitorConexion.h"
 #include "monitor/RegistroLog.h"
 
+#include <QList>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
 #include <functional>
 #include <optional>
@@ -22,11 +26,13 @@ class QAction;
 class QSystemTrayIcon;
 class QTabWidget;
 class QTimer;
-class QToolBar;
 
 namespace vorimesk {
 
+class BarraPrincipal;
+class MenuBandeja;
 class PanelConexion;
+class fMini;
 class SonidoAviso;
 class TabBono;
 class TabConexiones;
@@ -82,6 +88,24 @@ public:
     // monthly renewal of the bundles.
     void TickHora();
 
+    // Toolbar1 button `indice` was clicked.
+    void AlBoton(int indice);
+    // Tray item 1 and toolbar button 3: flips "Siempre visible" and keeps
+    // both in step.
+    void CambiarSiempreVisible(bool arriba);
+    // Tray item 0: the mini window in place of the normal windows, or back.
+    void AlternarMini();
+    void IrAMini();
+    void IrANormal();
+    // Shows the mini window without hiding this one (on connecting).
+    void MostrarMini();
+    fMini* Mini() const;
+    // The tray's double-click: every window the close box hid comes back.
+    void RestaurarVentanas();
+    void MostrarAcercaDe();
+    void AbrirAyuda();
+    void AbrirFiltro();
+
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
 
@@ -99,7 +123,9 @@ public:
     TabFestivos* tabFestivos = nullptr;
     TabBono* tabBono = nullptr;
     TabOpciones* tabOpciones = nullptr;
-    QToolBar* Toolbar1 = nullptr;
+    BarraPrincipal* Toolbar1 = nullptr;
+    // Built even when the desktop has no tray, so its rules hold the same.
+    MenuBandeja* mnuOne = nullptr;
     QTimer* tmEstado = nullptr;
     QTimer* tmHora = nullptr;
 
@@ -115,7 +141,13 @@ protected:
 
 private:
     void Construir();
+    void ConstruirBarra();
+    void ConstruirMenuBandeja();
     void PonerBandeja();
+    void HacerArrastrable();
+    void AbrirImprimir();
+    void AbrirArchivo();
+    void AbrirGrafico();
     void LeerAjustes();
     void BuscarModem();
     void AplicarCargaAlIniciar();
@@ -131,7 +163,6 @@ private:
     void Recalcular();
     void GuardarRegistro();
     void GuardarAjustes();
-    void Restaurar();
 
     EntornoVentana entorno_;
     DatosVentana datos_;
@@ -140,6 +171,9 @@ private:
     MonitorConexion monitor_;
     SonidoAviso* sonido_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;
+    QPointer<fMini> mini_;
+    // The windows the close box hid, for the tray to bring back.
+    QList<QPointer<QWidget>> ocultas_;
     Listado listado_;
     int pestañaAnterior_ = kResumen;
     bool entradasNuevas_ = false;

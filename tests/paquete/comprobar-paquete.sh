@@ -18,7 +18,7 @@ for ruta in \
     ./usr/share/icons/hicolor/48x48/apps/vorimesk.png \
     ./usr/share/icons/hicolor/256x256/apps/vorimesk.png \
     ./usr/share/man/man1/vorimesk-cli.1 \
-    ./usr/share/doc/vorimesk/ayuda/index.html \
+    ./usr/share/vorimesk/ayuda/index.html \
     ./usr/share/vorimesk/Tarifas.Dat \
     ./etc/ppp/ip-up.d/vorimesk \
     ./etc/ppp/ip-down.d/vorimesk; do

@@ -1,0 +1,35 @@
+#pragma once
+// How a second start of the program reaches the first: the running copy
+// listens on a local socket named after the user, and a second copy (which
+// the single-instance lock has already stopped) knocks on it and ends, so
+// the running window comes forward instead of nothing happening.
+
+#include <QObject>
+#include <QString>
+
+class QLocalServer;
+
+namespace vorimesk {
+
+class PuertaInstancia : public QObject {
+    Q_OBJECT
+public:
+    explicit PuertaInstancia(QString nombre = NombrePorDefecto(), QObject* padre = nullptr);
+
+    // The running copy starts listening; false when it cannot (the program
+    // works all the same, a second start then just ends).
+    bool Abrir();
+    // The second copy: true when the running one heard the knock.
+    static bool Llamar(const QString& nombre = NombrePorDefecto());
+
+    static QString NombrePorDefecto();
+
+signals:
+    void Llamada();
+
+private:
+    QString nombre_;
+    QLocalServer* servidor_ = nullptr;
+};
+
+} // namespace vorimesk

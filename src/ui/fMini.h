@@ -1,0 +1,39 @@
+#pragma once
+// The mini window: a small meter that stays above every window while the
+// main window is hidden. It shows the live meter's time, cost, band and
+// bundle use and the state lamp; it is moved by dragging its body, and
+// cmdCerrar closes it (the program goes on in the tray).
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace vorimesk {
+
+struct PantallaMonitor;
+
+class fMini : public QWidget {
+    Q_OBJECT
+public:
+    explicit fMini(QWidget* padre = nullptr);
+
+    void Mostrar(const PantallaMonitor& p);
+    // Top right of the screen it is on, clear of the panel.
+    void Colocar();
+
+    QLabel* lTarifa = nullptr;
+    QLabel* lBono = nullptr;
+    QLabel* lGasto = nullptr;
+    QLabel* lTiempo = nullptr;
+    QLabel* shEstado = nullptr;
+    QPushButton* cmdCerrar = nullptr;
+
+signals:
+    void Cerrada();
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
+};
+
+} // namespace vorimesk
