@@ -73,8 +73,12 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
             emit Marcar(item->text());
         }
     });
-    lEntradas_ = new QLabel("Conexiones:", this);
-    auto* lista = new QVBoxLayout;
+    // Label and list come and go together, and the meter takes their room.
+    marcoLista_ = new QWidget(this);
+    lEntradas_ = new QLabel("Conexiones:", marcoLista_);
+    listaConexiones->setParent(marcoLista_);
+    auto* lista = new QVBoxLayout(marcoLista_);
+    lista->setContentsMargins(0, 0, 0, 0);
     lista->addWidget(lEntradas_);
     lista->addWidget(listaConexiones);
     lista->addStretch();
@@ -83,7 +87,7 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
     todo->setContentsMargins(0, 0, 0, 0);
     todo->addWidget(marcoEstado_, 3);
     todo->addWidget(marcoMedidor_, 2);
-    todo->addLayout(lista, 2);
+    todo->addWidget(marcoLista_, 2);
     Mostrar(PantallaMonitor{});
 }
 
@@ -156,7 +160,8 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
     lConectado->setText(QString::fromStdString(p.Conectado));
     lTarifa2->setText(QString::fromStdString(p.Tarifa2));
     listaConexiones->setHidden(!p.ListaConexiones);
-    lEntradas_->setHidden(!p.ListaConexiones);
+    marcoLista_->setHidden(!p.ListaConexiones);
+    shEstado->setToolTip(QString::fromStdString(p.MsgEstado));
 
     lTiempo->setText(QString::fromStdString(p.Tiempo));
     QPalette paleta = lTiempo->palette();

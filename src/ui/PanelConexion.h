@@ -62,6 +62,7 @@ private:
     QGroupBox* CrearMedidor();
     QGroupBox* marcoEstado_ = nullptr;
     QGroupBox* marcoMedidor_ = nullptr;
+    QWidget* marcoLista_ = nullptr;
     QLabel* lEntradas_ = nullptr;
     bool hayEntradas_ = false;
 };

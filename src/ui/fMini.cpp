@@ -6,6 +6,7 @@
 #include "monitor/PantallaMonitor.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
@@ -55,15 +56,20 @@ fMini::fMini(QWidget* padre)
     });
 
     auto* rejilla = new QGridLayout(this);
-    rejilla->setContentsMargins(6, 4, 4, 6);
+    rejilla->setContentsMargins(8, 4, 4, 8);
     rejilla->setHorizontalSpacing(8);
     rejilla->setVerticalSpacing(2);
     rejilla->addWidget(shEstado, 0, 0);
-    rejilla->addWidget(lTiempo, 0, 1);
+    rejilla->addWidget(lTiempo, 0, 1, Qt::AlignCenter);
     rejilla->addWidget(cmdCerrar, 0, 2, Qt::AlignRight | Qt::AlignTop);
-    rejilla->addWidget(lGasto, 1, 1);
-    rejilla->addWidget(lTarifa, 2, 0, 1, 2);
-    rejilla->addWidget(lBono, 2, 1, 1, 2, Qt::AlignRight);
+    rejilla->addWidget(lGasto, 1, 1, Qt::AlignCenter);
+    auto* pie = new QHBoxLayout;
+    pie->addWidget(lTarifa);
+    pie->addStretch();
+    pie->addWidget(lBono);
+    rejilla->addLayout(pie, 2, 0, 1, 3);
+    rejilla->setColumnStretch(1, 1);
+    setMinimumWidth(lTiempo->fontMetrics().horizontalAdvance("00:00:00") * 2);
 
     auto* arrastre = new ArrastreVentana(this);
     arrastre->Agarrar(this);

@@ -11,8 +11,10 @@
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Avisos.h"
 #include "ui/EntornoVentana.h"
+#include "ui/MenuBandeja.h"
 #include "ui/fBono.h"
 #include "ui/fMain.h"
+#include "ui/fMini.h"
 #include "ui/fModem.h"
 #include "ui/fProgramas.h"
 
@@ -36,7 +38,8 @@ struct Captura {
     std::function<QWidget*()> crear; // the widget to grab (owned elsewhere)
 };
 
-const RelojFijo kReloj(Fecha::Crear(2026, 3, 20, 12, 0, 0));
+// Friday 20 March 2026 at 17:50: the call shot crosses into the reduced band.
+RelojFijo kReloj(Fecha::Crear(2026, 3, 20, 17, 50, 0));
 
 // A register of some weeks of calls, holidays, bundles and two entries.
 void PrepararDatos(const std::filesystem::path& dir) {
@@ -158,6 +161,33 @@ bool CapturarVentana(const QString& carpeta) {
                                     avisos::kTextoSinModem, QMessageBox::Ok));
              }},
         });
+
+    // A call to "Casa" twelve minutes in, with the mini window and the tray
+    // menu as they are during it.
+    capturas.push_back({"principal-llamada", [&] {
+                            plataforma.sistema->estado = SistemaPrueba::kConectado;
+                            plataforma.sistema->entrada = "Casa";
+                            for (int i = 0; i < 12; ++i) {
+                                ventana.TickEstado();
+                                kReloj.Avanzar(60);
+                            }
+                            ventana.TickEstado();
+                            ventana.TickHora();
+                            ventana.SSTab1->setCurrentIndex(fMain::kResumen);
+                            return static_cast<QWidget*>(&ventana);
+                        }});
+    capturas.push_back({"mini-ventana", [&] {
+                            ventana.MostrarMini();
+                            return static_cast<QWidget*>(ventana.Mini());
+                        }});
+    capturas.push_back({"menu-bandeja", [&] {
+                            ventana.mnuOne->popup(QPoint(40, 40));
+                            return static_cast<QWidget*>(ventana.mnuOne);
+                        }});
+    capturas.push_back({"menu-bandeja-conectar", [&] {
+                            ventana.mnuOne->mnuCon->popup(QPoint(40, 40));
+                            return static_cast<QWidget*>(ventana.mnuOne->mnuCon);
+                        }});
 
     for (const Captura& c : capturas) {
         QWidget* w = c.crear();
