@@ -170,6 +170,12 @@ void fMain::RestaurarVentanas() {
         }
     }
     ocultas_.clear();
+    // Without a tray the close box minimised them instead.
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w != this && w->isMinimized()) {
+            w->showNormal();
+        }
+    }
     showNormal();
     raise();
     activateWindow();

@@ -1,0 +1,206 @@
+// The main window on the desktop: "Siempre visible" kept in step between
+// the toolbar and the tray menu, the mini window's round trip, the tray menu
+// during a call, the start-up banner and the knock of a second start.
+
+#include "CarpetaVentana.h"
+#include "ui/Arranque.h"
+#include "ui/BarraPrincipal.h"
+#include "ui/MenuBandeja.h"
+#include "ui/PanelConexion.h"
+#include "ui/PuertaInstancia.h"
+#include "ui/fAbout.h"
+#include "ui/fMini.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+namespace {
+
+QString Leyenda(const fMain& v, int item) {
+    return v.mnuOne->mnu(item)->text();
+}
+
+bool EncimaDeTodo(const QWidget& w) {
+    return w.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+} // namespace
+
+class Escritorio : public CarpetaVentana {
+protected:
+    std::unique_ptr<fMain> AbrirVisible() {
+        auto v = Abrir();
+        v->show();
+        return v;
+    }
+    void Tick(fMain& v, int estado) {
+        plataforma.sistema->estado = estado;
+        plataforma.sistema->entrada = "Casa";
+        reloj.Avanzar(1);
+        v.TickEstado();
+    }
+};
+
+TEST_F(Escritorio, SiempreVisibleVaALaParEnBarraYBandeja) {
+    auto v = AbrirVisible();
+    QAction* chincheta = v->Toolbar1->Boton(BarraPrincipal::kFijar);
+    QAction* item = v->mnuOne->mnu(MenuBandeja::kSiempreVisible);
+    ASSERT_FALSE(chincheta->isChecked());
+
+    chincheta->trigger();
+    EXPECT_TRUE(v->Datos().Ajustes.SiempreVisible);
+    EXPECT_TRUE(item->isChecked());
+    EXPECT_TRUE(EncimaDeTodo(*v));
+    EXPECT_TRUE(v->isVisible()); // changing the flags must not leave it hidden
+
+    item->trigger();
+    EXPECT_FALSE(v->Datos().Ajustes.SiempreVisible);
+    EXPECT_FALSE(chincheta->isChecked());
+    EXPECT_FALSE(item->isChecked());
+    EXPECT_FALSE(EncimaDeTodo(*v));
+
+    // Saved on, it comes back pressed in both places.
+    Settings s = ValoresPorDefecto();
+    s.SiempreVisible = true;
+    EscribirAjustes(s);
+    auto otra = Abrir();
+    EXPECT_TRUE(otra->Toolbar1->Boton(BarraPrincipal::kFijar)->isChecked());
+    EXPECT_TRUE(otra->mnuOne->mnu(MenuBandeja::kSiempreVisible)->isChecked());
+    EXPECT_TRUE(EncimaDeTodo(*otra));
+}
+
+TEST_F(Escritorio, IdaYVueltaDeLaMiniVentana) {
+    auto v = AbrirVisible();
+    ASSERT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+
+    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    ASSERT_NE(v->Mini(), nullptr);
+    EXPECT_TRUE(v->Mini()->isVisible());
+    EXPECT_TRUE(EncimaDeTodo(*v->Mini()));
+    EXPECT_FALSE(v->isVisible());
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
+
+    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    QApplication::processEvents(); // the mini window is deleted on close
+    EXPECT_EQ(v->Mini(), nullptr);
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+
+    // From the toolbar, then closed with its own button: the tray item is
+    // left as it was, and still brings the normal window back.
+    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    ASSERT_NE(v->Mini(), nullptr);
+    v->Mini()->cmdCerrar->click();
+    QApplication::processEvents();
+    EXPECT_EQ(v->Mini(), nullptr);
+    EXPECT_FALSE(v->isVisible());
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
+    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+}
+
+TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
+    Settings s = ValoresPorDefecto();
+    s.MiniAlConectar = true;
+    s.EntradasConexion = {{"Casa", "Metropolitana", "Ninguno"}};
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    auto v = AbrirVisible();
+    QAction* conectar = v->mnuOne->mnu(MenuBandeja::kConectar);
+    QAction* desconectar = v->mnuOne->mnu(MenuBandeja::kDesconectar);
+    EXPECT_FALSE(desconectar->isEnabled());
+    ASSERT_EQ(v->mnuOne->mnuCon->actions().size(), 2);
+
+    // "&Conectar con" picks the entry in the list and dials it.
+    Tick(*v, SistemaPrueba::kNada);
+    v->mnuOne->mnuCon->actions()[1]->trigger();
+    EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
+    EXPECT_EQ(v->panel->EntradaElegida(), "Trabajo");
+
+    for (int i = 0; i < 75; ++i) {
+        Tick(*v, SistemaPrueba::kConectado);
+    }
+    // Shown on connecting, beside the normal window, with the meter's figures.
+    ASSERT_NE(v->Mini(), nullptr);
+    EXPECT_TRUE(v->Mini()->isVisible());
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
+    EXPECT_EQ(v->Mini()->lTiempo->text(), "00:01:14");
+    EXPECT_EQ(v->Mini()->lTiempo->text(), v->panel->lTiempo->text());
+    EXPECT_EQ(v->Mini()->lGasto->text(), v->panel->lGasto->text());
+    EXPECT_NE(v->panel->lGasto->text(), "0.00");
+    EXPECT_FALSE(conectar->isEnabled());
+    EXPECT_TRUE(desconectar->isEnabled());
+    EXPECT_TRUE(v->panel->cmdConexion->isChecked());
+
+    desconectar->trigger();
+    EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
+    EXPECT_FALSE(v->Monitor().LlamadaAbierta());
+    EXPECT_FALSE(v->panel->cmdConexion->isChecked());
+    EXPECT_TRUE(conectar->isEnabled());
+    EXPECT_FALSE(desconectar->isEnabled());
+}
+
+TEST_F(Escritorio, ElBotonDeConexionMarcaYCuelga) {
+    plataforma.sistema->entradas = {"Casa"};
+    auto v = AbrirVisible();
+    Tick(*v, SistemaPrueba::kNada);
+    v->panel->cmdConexion->click();
+    EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Casa"});
+    Tick(*v, SistemaPrueba::kConectado);
+    EXPECT_TRUE(v->Monitor().LlamadaAbierta());
+    v->panel->cmdConexion->click();
+    EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
+    EXPECT_FALSE(v->Monitor().LlamadaAbierta());
+}
+
+TEST_F(Escritorio, LaCruzOcultaLasVentanasYLaBandejaLasDevuelve) {
+    auto v = AbrirVisible();
+    v->MostrarMini();
+    v->close();
+    // Offscreen there is no tray: the windows are minimised instead.
+    EXPECT_TRUE(v->isMinimized() || !v->isVisible());
+    v->RestaurarVentanas();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_FALSE(v->isMinimized());
+    ASSERT_NE(v->Mini(), nullptr);
+    EXPECT_TRUE(v->Mini()->isVisible());
+    EXPECT_FALSE(v->Mini()->isMinimized());
+    EXPECT_FALSE(Existe(dir / "Varibles.Dat")); // closing writes nothing
+}
+
+TEST_F(Escritorio, ElCartelDeInicioSeVaTrasLaCarga) {
+    EntornoVentana e;
+    e.carpetaDatos = dir;
+    e.plataforma = plataforma.Crear();
+    e.reloj = &reloj;
+    bool visto = false;
+    auto v = Arrancar(e, [&](fAbout& cartel) {
+        visto = cartel.isVisible() && cartel.lMsg->isVisibleTo(&cartel) &&
+                cartel.lMsg->text() == "Cargando el programa..." &&
+                !cartel.cmdCerrar->isVisibleTo(&cartel) && EncimaDeTodo(cartel);
+    });
+    EXPECT_TRUE(visto);
+    EXPECT_TRUE(v->isVisible());
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        EXPECT_FALSE(qobject_cast<fAbout*>(w) != nullptr && w->isVisible());
+    }
+}
+
+TEST(PuertaInstancia, LaSegundaCopiaLlamaALaPrimera) {
+    const QString nombre = "vorimesk-prueba-" + QString::number(QCoreApplication::applicationPid());
+    EXPECT_FALSE(PuertaInstancia::Llamar(nombre)); // nobody listening yet
+    PuertaInstancia puerta(nombre);
+    ASSERT_TRUE(puerta.Abrir());
+    QSignalSpy llamadas(&puerta, &PuertaInstancia::Llamada);
+    EXPECT_TRUE(PuertaInstancia::Llamar(nombre));
+    EXPECT_TRUE(llamadas.wait(2000));
+}
