@@ -8,7 +8,7 @@ FUZZ_SEGUNDOS ?= 60
 GENERADOR  := -G Ninja
 FUZZ_CXX   ?= clang++-14
 
-.PHONY: all deps configure build run test test-asan bench format fuzz screenshots install package clean
+.PHONY: all deps configure build run demo test test-asan bench format fuzz screenshots install package clean
 
 all: build
 
@@ -33,6 +33,19 @@ run: build
 	else \
 	  exec $(BUILD)/apps/vorimesk/vorimesk $(ARGS); \
 	fi
+
+# The meter on a simulated modem, with a data folder of its own that starts
+# afresh each time: a call is dialled, metered live (main window, mini
+# window, tray tip), priced and registered, without a modem.
+DEMO_DATOS ?= $(BUILD)/demostracion
+demo: build
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	  echo "La demostracion necesita una pantalla grafica (DISPLAY o WAYLAND_DISPLAY);"; \
+	  echo "en modo texto: $(BUILD)/apps/vorimesk-cli/vorimesk-cli --datos $(DEMO_DATOS) vigilar --simular data/guiones/demostracion.guion"; \
+	  exit 1; \
+	fi
+	rm -rf $(DEMO_DATOS)
+	$(BUILD)/apps/vorimesk/vorimesk --datos $(DEMO_DATOS) --simular data/guiones/demostracion.guion
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j$(JOBS)

@@ -161,17 +161,19 @@ TEST(Guion, ErroresDicenLaLineaYQueFalla) {
     }
 }
 
-TEST(Guion, ElEjemploQueSeDistribuyeTieneDosLlamadas) {
+TEST(Guion, LosGuionesQueSeDistribuyenTienenDosLlamadas) {
     const char* fuentes = std::getenv("VORIMESK_FUENTES");
-    const fs::path ruta = fs::path(fuentes ? fuentes : VORIMESK_FUENTES_COMPILADAS) / "data" /
-                          "guiones" / "dos-llamadas.guion";
-    const Guion g = Guion::Leer(ruta);
-    int llamadas = 0;
-    for (const auto& p : g.Pasos()) {
-        llamadas += p.tipo == PasoGuion::Tipo::Llamada;
+    const fs::path carpeta =
+        fs::path(fuentes ? fuentes : VORIMESK_FUENTES_COMPILADAS) / "data" / "guiones";
+    for (const char* nombre : {"dos-llamadas.guion", "demostracion.guion"}) {
+        const Guion g = Guion::Leer(carpeta / nombre);
+        int llamadas = 0;
+        for (const auto& p : g.Pasos()) {
+            llamadas += p.tipo == PasoGuion::Tipo::Llamada;
+        }
+        EXPECT_EQ(llamadas, 2) << nombre;
     }
-    EXPECT_EQ(llamadas, 2);
-    EXPECT_THROW(Guion::Leer(ruta.parent_path() / "no-existe.guion"), ErrorArchivo);
+    EXPECT_THROW(Guion::Leer(carpeta / "no-existe.guion"), ErrorArchivo);
 }
 
 using Fabrica = prueba::CarpetaTemporal;
