@@ -1,15 +1,14 @@
 #include "fAbout.h"
 
+#include "HerramientasEscritorio.h"
 #include "Iconos.h"
 #include "PanelLogo.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QProcess>
 #include <QPushButton>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace vorimesk {
@@ -43,7 +42,7 @@ fAbout::fAbout(QWidget* padre) : QDialog(padre) {
     cmdInformacion = new QPushButton("&Info sistema", this);
     cmdCerrar = new QPushButton("&Cerrar", this);
     cmdCerrar->setDefault(true);
-    cmdInformacion->setEnabled(!HerramientaInfoSistema().isEmpty());
+    cmdInformacion->setEnabled(herramientas::InfoSistema().Existe());
     if (!cmdInformacion->isEnabled()) {
         cmdInformacion->setToolTip(
             "No se encontro ninguna herramienta de informacion del sistema.");
@@ -78,6 +77,7 @@ fAbout::fAbout(QWidget* padre) : QDialog(padre) {
     todo->addWidget(logo_);
     todo->addLayout(texto, 1);
     setMinimumSize(440, 240);
+    Centrar();
 }
 
 void fAbout::ModoBanner(bool banner) {
@@ -86,28 +86,19 @@ void fAbout::ModoBanner(bool banner) {
     lMsg->setVisible(banner);
     setWindowFlag(Qt::WindowStaysOnTopHint, banner);
     setWindowFlag(Qt::SplashScreen, banner);
+    Centrar();
+}
+
+void fAbout::Centrar() {
+    adjustSize();
     if (const QScreen* pantalla = QGuiApplication::primaryScreen()) {
         const QRect r = pantalla->availableGeometry();
         move(r.x() + (r.width() - width()) / 2, r.y() + (r.height() - height()) / 2);
     }
 }
 
-QString fAbout::HerramientaInfoSistema() {
-    for (const char* programa :
-         {"hardinfo", "kinfocenter", "gnome-system-monitor", "xfce4-taskmanager", "lxtask"}) {
-        const QString ruta = QStandardPaths::findExecutable(programa);
-        if (!ruta.isEmpty()) {
-            return ruta;
-        }
-    }
-    return {};
-}
-
 void fAbout::AbrirInfoSistema() {
-    const QString ruta = HerramientaInfoSistema();
-    if (!ruta.isEmpty()) {
-        QProcess::startDetached(ruta, {});
-    }
+    herramientas::InfoSistema().Abrir();
 }
 
 } // namespace vorimesk

@@ -19,9 +19,6 @@ public:
     // Banner mode: no buttons, the loading message visible, always on top.
     void ModoBanner(bool banner);
 
-    // The desktop's system information tool, empty when none is installed.
-    static QString HerramientaInfoSistema();
-
     QPushButton* cmdCerrar = nullptr;
     QPushButton* cmdInformacion = nullptr;
     QLabel* Label1 = nullptr;
@@ -31,6 +28,8 @@ public:
 
 private:
     void AbrirInfoSistema();
+    // In the middle of the screen, whoever opens it.
+    void Centrar();
     PanelLogo* logo_ = nullptr;
 };
 

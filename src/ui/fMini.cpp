@@ -6,8 +6,8 @@
 #include "monitor/PantallaMonitor.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
