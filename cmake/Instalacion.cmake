@@ -16,7 +16,17 @@ install(FILES data/iconos/vorimesk.svg
 install(DIRECTORY ${CMAKE_BINARY_DIR}/iconos/
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk/ayuda)
-install(FILES data/man/vorimesk-cli.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# Manual pages go compressed, as Debian keeps them.
+set(_manual ${CMAKE_BINARY_DIR}/man/vorimesk-cli.1.gz)
+add_custom_command(
+  OUTPUT ${_manual}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/man
+  COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/data/man/vorimesk-cli.1 > ${_manual}
+  DEPENDS ${PROJECT_SOURCE_DIR}/data/man/vorimesk-cli.1
+  COMMENT "Comprimiendo la pagina de manual")
+add_custom_target(pagina_manual ALL DEPENDS ${_manual})
+install(FILES ${_manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES data/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk)
 
 # The shipped tariff book as a file, for users who want to start over by hand.
 if(TARGET vorimesk-cli)

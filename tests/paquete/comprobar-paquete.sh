@@ -17,7 +17,8 @@ for ruta in \
     ./usr/share/icons/hicolor/scalable/apps/vorimesk.svg \
     ./usr/share/icons/hicolor/48x48/apps/vorimesk.png \
     ./usr/share/icons/hicolor/256x256/apps/vorimesk.png \
-    ./usr/share/man/man1/vorimesk-cli.1 \
+    ./usr/share/man/man1/vorimesk-cli.1.gz \
+    ./usr/share/doc/vorimesk/copyright \
     ./usr/share/vorimesk/ayuda/index.html \
     ./usr/share/vorimesk/Tarifas.Dat \
     ./etc/ppp/ip-up.d/vorimesk \
