@@ -1,5 +1,6 @@
 // The main window on a full register (32,767 calls): opening it up to its
-// first paint, and refilling the register grid with every call.
+// first paint, refilling the register grid with every call, and one second
+// of a long call shown in the window and the mini window.
 
 #include "PlataformaPrueba.h"
 #include "register/Importe.h"
@@ -8,6 +9,7 @@
 #include "ui/EntornoVentana.h"
 #include "ui/TabRegistro.h"
 #include "ui/fMain.h"
+#include "ui/fMini.h"
 
 #include <QApplication>
 #include <QTabWidget>
@@ -92,6 +94,36 @@ void BM_RellenaGrid(benchmark::State& estado) {
     estado.counters["llamadas"] = v->UltimoListado().NumeroLlamadas;
 }
 BENCHMARK(BM_RellenaGrid)->Unit(benchmark::kMillisecond);
+
+// One second of a call three hours in, as the user sees it: the state and
+// meter tick on the full register, then the panel and the mini window
+// painted with its figures.
+void BM_TickConMiniVentana(benchmark::State& estado) {
+    PlataformaPrueba plataforma;
+    plataforma.sistema->modems = {{"ttyS0", "Modem", CarpetaLlena() / "modemlog.txt"}};
+    plataforma.sistema->estado = SistemaPrueba::kConectado;
+    plataforma.sistema->entrada = "Casa";
+    RelojFijo reloj(Fecha::Crear(2026, 3, 20, 9, 0, 0));
+    EntornoVentana e;
+    e.carpetaDatos = CarpetaLlena();
+    e.plataforma = plataforma.Crear();
+    e.reloj = &reloj;
+    fMain v(e);
+    v.Cargar();
+    v.show();
+    v.TickEstado();
+    v.MostrarMini();
+    reloj.Avanzar(3 * 3600);
+    for (auto _ : estado) {
+        reloj.Avanzar(1);
+        v.TickEstado();
+        v.repaint();
+        v.Mini()->repaint();
+    }
+    estado.counters["segundos"] =
+        static_cast<double>(reloj.Ahora().Segundos() - v.Monitor().InicioLlamada().Segundos());
+}
+BENCHMARK(BM_TickConMiniVentana)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
