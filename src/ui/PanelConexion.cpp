@@ -1,5 +1,6 @@
 #include "PanelConexion.h"
 
+#include "EtiquetasMedidor.h"
 #include "Iconos.h"
 #include "PaletaColores.h"
 #include "monitor/EntradasConexion.h"
@@ -15,33 +16,16 @@
 #include <QVBoxLayout>
 
 namespace vorimesk {
-namespace {
-
-QLabel* Etiqueta(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* l = new QLabel(texto, padre);
-    l->setObjectName(nombre);
-    return l;
-}
-
-void Agrandar(QLabel* l, int puntos) {
-    QFont f = l->font();
-    f.setPointSize(f.pointSize() + puntos);
-    f.setBold(true);
-    l->setFont(f);
-}
-
-} // namespace
-
 PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
     marcoEstado_ = new QGroupBox("Estado", this);
-    shEstado = Etiqueta({}, "shEstado", marcoEstado_);
-    lMsgEstado = Etiqueta({}, "lMsgEstado", marcoEstado_);
-    lFecha = Etiqueta({}, "lFecha", marcoEstado_);
-    lHora = Etiqueta({}, "lHora", marcoEstado_);
-    Label25 = Etiqueta("Conectado con:", "Label25", marcoEstado_);
-    lConectado = Etiqueta({}, "lConectado", marcoEstado_);
-    Label28 = Etiqueta("Tarifa:", "Label28", marcoEstado_);
-    lTarifa2 = Etiqueta({}, "lTarifa2", marcoEstado_);
+    shEstado = EtiquetaConNombre({}, "shEstado", marcoEstado_);
+    lMsgEstado = EtiquetaConNombre({}, "lMsgEstado", marcoEstado_);
+    lFecha = EtiquetaConNombre({}, "lFecha", marcoEstado_);
+    lHora = EtiquetaConNombre({}, "lHora", marcoEstado_);
+    Label25 = EtiquetaConNombre("Conectado con:", "Label25", marcoEstado_);
+    lConectado = EtiquetaConNombre({}, "lConectado", marcoEstado_);
+    Label28 = EtiquetaConNombre("Tarifa:", "Label28", marcoEstado_);
+    lTarifa2 = EtiquetaConNombre({}, "lTarifa2", marcoEstado_);
     cmdConexion = new QPushButton("Co&nectar", marcoEstado_);
     cmdConexion->setObjectName("cmdConexion");
     cmdConexion->setCheckable(true);
@@ -93,16 +77,11 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
 
 QGroupBox* PanelConexion::CrearMedidor() {
     auto* marco = new QGroupBox("Llamada en curso", this);
-    lTiempo = Etiqueta("00:00:00", "lTiempo", marco);
-    lGasto = Etiqueta("0.00", "lGasto", marco);
-    lTarifa = Etiqueta({}, "lTarifa", marco);
-    lBono = Etiqueta({}, "lBono", marco);
-    Agrandar(lTiempo, 8);
-    Agrandar(lGasto, 4);
-    lTiempo->setToolTip("Duracion de la llamada");
-    lGasto->setToolTip("Coste de la llamada");
-    lTarifa->setToolTip("Franja de la tarifa en este momento");
-    lBono->setToolTip("Se esta gastando tiempo de un bono");
+    medidor_ = EtiquetasMedidor::Crear(marco, 8, 4);
+    lTiempo = medidor_.lTiempo;
+    lGasto = medidor_.lGasto;
+    lTarifa = medidor_.lTarifa;
+    lBono = medidor_.lBono;
     auto* rejilla = new QGridLayout(marco);
     rejilla->addWidget(lTiempo, 0, 0, 1, 2, Qt::AlignCenter);
     rejilla->addWidget(lGasto, 1, 0, 1, 2, Qt::AlignCenter);
@@ -163,13 +142,7 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
     marcoLista_->setHidden(!p.ListaConexiones);
     shEstado->setToolTip(QString::fromStdString(p.MsgEstado));
 
-    lTiempo->setText(QString::fromStdString(p.Tiempo));
-    QPalette paleta = lTiempo->palette();
-    paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));
-    lTiempo->setPalette(paleta);
-    lGasto->setText(QString::fromStdString(p.Gasto.empty() ? "0.00" : p.Gasto));
-    lTarifa->setText(QString::fromStdString(p.Tarifa));
-    lBono->setText(QString::fromStdString(p.Bono));
+    medidor_.Mostrar(p);
 
     // The monitor presses and releases the button too: that is shown, not
     // acted upon.

@@ -5,6 +5,8 @@
 // no call is up, the dial-up entries to dial (listaConexiones; a
 // double-click dials). Everything shown comes from the monitor's display.
 
+#include "EtiquetasMedidor.h"
+
 #include <QWidget>
 #include <string>
 #include <vector>
@@ -62,6 +64,7 @@ private:
     QGroupBox* CrearMedidor();
     QGroupBox* marcoEstado_ = nullptr;
     QGroupBox* marcoMedidor_ = nullptr;
+    EtiquetasMedidor medidor_;
     QWidget* marcoLista_ = nullptr;
     QLabel* lEntradas_ = nullptr;
     bool hayEntradas_ = false;

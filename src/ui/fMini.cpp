@@ -1,6 +1,7 @@
 #include "fMini.h"
 
 #include "ArrastreVentana.h"
+#include "EtiquetasMedidor.h"
 #include "Iconos.h"
 #include "PaletaColores.h"
 #include "monitor/PantallaMonitor.h"
@@ -19,12 +20,6 @@ namespace {
 
 constexpr int kMargen = 24;
 
-QLabel* Etiqueta(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* l = new QLabel(texto, padre);
-    l->setObjectName(nombre);
-    return l;
-}
-
 } // namespace
 
 fMini::fMini(QWidget* padre)
@@ -32,18 +27,12 @@ fMini::fMini(QWidget* padre)
     setObjectName("fMini");
     setWindowTitle("Vorimesk");
     setAttribute(Qt::WA_DeleteOnClose);
-    lTiempo = Etiqueta("00:00:00", "lTiempo", this);
-    QFont grande = lTiempo->font();
-    grande.setPointSize(grande.pointSize() + 5);
-    grande.setBold(true);
-    lTiempo->setFont(grande);
-    lGasto = Etiqueta("0.00", "lGasto", this);
-    QFont gasto = lGasto->font();
-    gasto.setBold(true);
-    lGasto->setFont(gasto);
-    lTarifa = Etiqueta({}, "lTarifa", this);
-    lBono = Etiqueta({}, "lBono", this);
-    shEstado = Etiqueta({}, "shEstado", this);
+    medidor_ = EtiquetasMedidor::Crear(this, 5, 0);
+    lTiempo = medidor_.lTiempo;
+    lGasto = medidor_.lGasto;
+    lTarifa = medidor_.lTarifa;
+    lBono = medidor_.lBono;
+    shEstado = EtiquetaConNombre({}, "shEstado", this);
     cmdCerrar = new QPushButton(this);
     cmdCerrar->setObjectName("cmdCerrar");
     cmdCerrar->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
@@ -81,13 +70,7 @@ fMini::fMini(QWidget* padre)
 
 void fMini::Mostrar(const PantallaMonitor& p) {
     shEstado->setPixmap(PintarLampara(ColorPaleta(p.ColorIndicador), 14));
-    lTiempo->setText(QString::fromStdString(p.Tiempo));
-    QPalette paleta = lTiempo->palette();
-    paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));
-    lTiempo->setPalette(paleta);
-    lGasto->setText(QString::fromStdString(p.Gasto.empty() ? "0.00" : p.Gasto));
-    lTarifa->setText(QString::fromStdString(p.Tarifa));
-    lBono->setText(QString::fromStdString(p.Bono));
+    medidor_.Mostrar(p);
 }
 
 void fMini::Colocar() {

@@ -4,6 +4,8 @@
 // bundle use and the state lamp; it is moved by dragging its body, and
 // cmdCerrar closes it (the program goes on in the tray).
 
+#include "EtiquetasMedidor.h"
+
 #include <QWidget>
 
 class QLabel;
@@ -34,6 +36,9 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* evento) override;
+
+private:
+    EtiquetasMedidor medidor_;
 };
 
 } // namespace vorimesk

@@ -1,0 +1,51 @@
+#include "EtiquetasMedidor.h"
+
+#include "PaletaColores.h"
+#include "monitor/PantallaMonitor.h"
+
+#include <QLabel>
+
+namespace vorimesk {
+namespace {
+
+void Resaltar(QLabel* l, int puntos) {
+    QFont f = l->font();
+    f.setPointSize(f.pointSize() + puntos);
+    f.setBold(true);
+    l->setFont(f);
+}
+
+} // namespace
+
+QLabel* EtiquetaConNombre(const QString& texto, const char* nombre, QWidget* padre) {
+    auto* l = new QLabel(texto, padre);
+    l->setObjectName(nombre);
+    return l;
+}
+
+EtiquetasMedidor EtiquetasMedidor::Crear(QWidget* padre, int puntosTiempo, int puntosGasto) {
+    EtiquetasMedidor e;
+    e.lTiempo = EtiquetaConNombre("00:00:00", "lTiempo", padre);
+    e.lGasto = EtiquetaConNombre("0.00", "lGasto", padre);
+    e.lTarifa = EtiquetaConNombre({}, "lTarifa", padre);
+    e.lBono = EtiquetaConNombre({}, "lBono", padre);
+    Resaltar(e.lTiempo, puntosTiempo);
+    Resaltar(e.lGasto, puntosGasto);
+    e.lTiempo->setToolTip("Duracion de la llamada");
+    e.lGasto->setToolTip("Coste de la llamada");
+    e.lTarifa->setToolTip("Franja de la tarifa en este momento");
+    e.lBono->setToolTip("Se esta gastando tiempo de un bono");
+    return e;
+}
+
+void EtiquetasMedidor::Mostrar(const PantallaMonitor& p) const {
+    lTiempo->setText(QString::fromStdString(p.Tiempo));
+    QPalette paleta = lTiempo->palette();
+    paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));
+    lTiempo->setPalette(paleta);
+    lGasto->setText(QString::fromStdString(p.Gasto.empty() ? "0.00" : p.Gasto));
+    lTarifa->setText(QString::fromStdString(p.Tarifa));
+    lBono->setText(QString::fromStdString(p.Bono));
+}
+
+} // namespace vorimesk
