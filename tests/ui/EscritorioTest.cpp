@@ -15,7 +15,9 @@
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 
 using namespace vorimesk;
@@ -193,6 +195,28 @@ TEST_F(Escritorio, ElCartelDeInicioSeVaTrasLaCarga) {
     for (QWidget* w : QApplication::topLevelWidgets()) {
         EXPECT_FALSE(qobject_cast<fAbout*>(w) != nullptr && w->isVisible());
     }
+}
+
+TEST(MiniVentana, SeArrastraPorSuCuerpoYSeColocaArriba) {
+    fMini mini;
+    mini.Colocar();
+    mini.show();
+    const QRect pantalla = mini.screen()->availableGeometry();
+    EXPECT_LT(pantalla.right() - mini.geometry().right(), pantalla.width() / 4);
+    EXPECT_LT(mini.y() - pantalla.top(), pantalla.height() / 4);
+
+    // Without a window manager to move it, the window follows the mouse.
+    const QPoint antes = mini.pos();
+    const QPointF dentro(5, 5);
+    const QPointF global = mini.lTiempo->mapToGlobal(dentro);
+    auto enviar = [&](QEvent::Type tipo, QPointF donde, Qt::MouseButtons botones) {
+        QMouseEvent e(tipo, dentro, donde, Qt::LeftButton, botones, Qt::NoModifier);
+        QApplication::sendEvent(mini.lTiempo, &e);
+    };
+    enviar(QEvent::MouseButtonPress, global, Qt::LeftButton);
+    enviar(QEvent::MouseMove, global + QPointF(-30, 20), Qt::LeftButton);
+    enviar(QEvent::MouseButtonRelease, global + QPointF(-30, 20), Qt::NoButton);
+    EXPECT_EQ(mini.pos(), antes + QPoint(-30, 20));
 }
 
 TEST(PuertaInstancia, LaSegundaCopiaLlamaALaPrimera) {
