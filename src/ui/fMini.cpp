@@ -60,11 +60,8 @@ fMini::fMini(QWidget* padre)
     rejilla->setColumnStretch(1, 1);
     setMinimumWidth(lTiempo->fontMetrics().horizontalAdvance("00:00:00") * 2);
 
-    auto* arrastre = new ArrastreVentana(this);
-    arrastre->Agarrar(this);
-    for (QLabel* l : {lTiempo, lGasto, lTarifa, lBono, shEstado}) {
-        arrastre->Agarrar(l);
-    }
+    // Presses on the labels reach the window too: its body drags it.
+    (new ArrastreVentana(this))->Agarrar(this);
     setToolTip("Arrastre para mover; la ventana normal vuelve desde la bandeja");
 }
 
