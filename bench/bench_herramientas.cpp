@@ -2,20 +2,16 @@
 // a filter with several criteria on, as "&Aplicar" asks for it, and the
 // graph window's day sums and points.
 
+#include "CarpetaMedicion.h"
 #include "register/FormatoRegistro.h"
 #include "register/GraficoRegistro.h"
 #include "register/Importe.h"
 #include "register/ListadoRegistro.h"
-#include "tariff/LibroPorDefecto.h"
 #include "tariff/cLlamada.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <filesystem>
-#include <unistd.h>
 
 using namespace vorimesk;
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -23,40 +19,31 @@ namespace {
 // about nine calls a day over ten years, some holidays.
 class RegistroLleno {
 public:
-    RegistroLleno() {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-bench-XXXXXX").string();
-        if (::mkdtemp(plantilla.data()) == nullptr) {
-            std::abort();
-        }
-        dir_ = plantilla;
-        InstalarLibroPorDefecto(dir_);
-        libro_ = std::make_unique<cLlamada>(dir_);
-        libro_->Load();
+    RegistroLleno() : libro_(carpeta_.Dir()), registro_(carpeta_.Dir()) {
+        libro_.Load();
         std::vector<Fecha> festivos;
         for (int año = 2000; año < 2010; ++año) {
             festivos.push_back(Fecha::Crear(año, 1, 1));
             festivos.push_back(Fecha::Crear(año, 12, 25));
         }
-        libro_->Festivos(festivos);
-        registro_ = std::make_unique<Log>(dir_);
+        libro_.Festivos(festivos);
         for (int i = 0; i < kMaximoLlamadas; ++i) {
             const int segundos = 60 * (3 + i % 97);
             cTiempo duracion;
             duracion.ConvTiempo(segundos);
-            registro_->AñadirItem(Fecha::Crear(2000, 1, 1).MasDias(i / 9),
-                                  Fecha::DesdeSegundos(28800 + 5400 * (i % 9)), duracion.Valor(),
-                                  TextoImporte(static_cast<float>(i % 400) * 0.73f), i % 2,
-                                  "Metropolitana", "Casa", "", i % 3 == 0 ? -1 : 0, i, 2 * i);
+            registro_.AñadirItem(Fecha::Crear(2000, 1, 1).MasDias(i / 9),
+                                 Fecha::DesdeSegundos(28800 + 5400 * (i % 9)), duracion.Valor(),
+                                 TextoImporte(static_cast<float>(i % 400) * 0.73f), i % 2,
+                                 "Metropolitana", "Casa", "", i % 3 == 0 ? -1 : 0, i, 2 * i);
         }
     }
-    ~RegistroLleno() { fs::remove_all(dir_); }
-    const Log& Registro() const { return *registro_; }
-    const cLlamada& Libro() const { return *libro_; }
+    const Log& Registro() const { return registro_; }
+    const cLlamada& Libro() const { return libro_; }
 
 private:
-    fs::path dir_;
-    std::unique_ptr<cLlamada> libro_;
-    std::unique_ptr<Log> registro_;
+    medicion::CarpetaMedicion carpeta_;
+    cLlamada libro_;
+    Log registro_;
 };
 
 RegistroLleno& Datos() {

@@ -1,41 +1,19 @@
 // One tick of the live meter on a call that has been up for 72 hours: the
 // whole call is priced again from its start, the tariff file reread.
 
+#include "CarpetaMedicion.h"
 #include "core/Reloj.h"
 #include "core/cTiempo.h"
 #include "monitor/MonitorConexion.h"
-#include "tariff/LibroPorDefecto.h"
 
 #include <benchmark/benchmark.h>
-#include <filesystem>
-#include <stdexcept>
 #include <string>
-#include <unistd.h>
 
 using namespace vorimesk;
-namespace fs = std::filesystem;
 
 namespace {
 
-class Carpeta {
-public:
-    Carpeta() {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-bench-XXXXXX").string();
-        if (::mkdtemp(plantilla.data()) == nullptr) {
-            throw std::runtime_error("sin carpeta temporal");
-        }
-        dir_ = plantilla;
-        InstalarLibroPorDefecto(dir_);
-    }
-    ~Carpeta() {
-        std::error_code ec;
-        fs::remove_all(dir_, ec);
-    }
-    const fs::path& Dir() const { return dir_; }
-
-private:
-    fs::path dir_;
-};
+using medicion::CarpetaMedicion;
 
 class RegistroQuieto final : public RegistroMonitor {
 public:
@@ -53,7 +31,7 @@ public:
 };
 
 void Tick72Horas(benchmark::State& estado, const char* descuento, bool completo) {
-    Carpeta carpeta;
+    CarpetaMedicion carpeta;
     RelojFijo reloj(Fecha::Crear(2026, 3, 6, 17, 30, 0)); // viernes por la tarde
     Settings ajustes;
     ajustes.EntradasConexion = {{"Casa", "Metropolitana", descuento}};

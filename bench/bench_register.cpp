@@ -1,13 +1,12 @@
+#include "CarpetaMedicion.h"
 #include "register/FormatoRegistro.h"
 #include "register/Importe.h"
 #include "register/Log.h"
-#include "tariff/LibroPorDefecto.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <unistd.h>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -18,13 +17,7 @@ namespace {
 class RegistroLleno {
 public:
     RegistroLleno() {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-bench-XXXXXX").string();
-        if (::mkdtemp(plantilla.data()) == nullptr) {
-            std::abort();
-        }
-        dir_ = plantilla;
-        InstalarLibroPorDefecto(dir_);
-        Log log(dir_);
+        Log log(Carpeta());
         for (int i = 0; i < kMaximoLlamadas; ++i) {
             log.AñadirItem(Fecha::Crear(2000, 1, 1).MasDias(i / 10),
                            Fecha::DesdeSegundos(36000 + 60 * (i % 10)), "00:12:34",
@@ -33,11 +26,10 @@ public:
         }
         log.SalvarLog();
     }
-    ~RegistroLleno() { fs::remove_all(dir_); }
-    const fs::path& Carpeta() const { return dir_; }
+    const fs::path& Carpeta() const { return carpeta_.Dir(); }
 
 private:
-    fs::path dir_;
+    medicion::CarpetaMedicion carpeta_;
 };
 
 } // namespace

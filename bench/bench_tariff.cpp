@@ -1,45 +1,23 @@
+#include "CarpetaMedicion.h"
 #include "core/Fecha.h"
-#include "tariff/LibroPorDefecto.h"
 #include "tariff/cBono.h"
 #include "tariff/cLlamada.h"
 
 #include <benchmark/benchmark.h>
-#include <filesystem>
-#include <stdexcept>
 #include <string>
-#include <unistd.h>
 
 using namespace vorimesk;
-namespace fs = std::filesystem;
 
 namespace {
 
-// A data folder with the shipped book; pricing rereads it on every call, as
-// the live meter does on every tick.
-class Carpeta {
-public:
-    Carpeta() {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-bench-XXXXXX").string();
-        if (::mkdtemp(plantilla.data()) == nullptr) {
-            throw std::runtime_error("sin carpeta temporal");
-        }
-        dir_ = plantilla;
-        InstalarLibroPorDefecto(dir_);
-    }
-    ~Carpeta() {
-        std::error_code ec;
-        fs::remove_all(dir_, ec);
-    }
-    const fs::path& Dir() const { return dir_; }
-
-private:
-    fs::path dir_;
-};
+// Pricing rereads the shipped book on every call, as the live meter does on
+// every tick.
+using medicion::CarpetaMedicion;
 
 const Fecha kInicio = Fecha::Crear(2026, 3, 6, 17, 30, 0); // viernes por la tarde
 
 void Llamada(benchmark::State& estado, std::int64_t segundos, bool conBono) {
-    Carpeta carpeta;
+    CarpetaMedicion carpeta;
     cLlamada libro(carpeta.Dir());
     libro.Festivos({Fecha::Crear(2026, 3, 19)});
     cBono bono;
@@ -67,7 +45,7 @@ void BM_DatosSetentaYDosHorasConBono(benchmark::State& s) {
 
 // Re-pricing a register: one book, a thousand calls of varied length.
 void BM_DatosMilLlamadas(benchmark::State& estado) {
-    Carpeta carpeta;
+    CarpetaMedicion carpeta;
     cLlamada libro(carpeta.Dir());
     cBono bono;
     bono.DarAlta(1, Fecha::Crear(2026, 1, 1));

@@ -1,5 +1,7 @@
 #include "Flotante.h"
 
+#include "Numero.h"
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -53,15 +55,8 @@ bool LeerExponente(std::string_view t, std::size_t& i, long long& exponente) {
 } // namespace
 
 LecturaFlotante LeerFlotantePrefijo(std::string_view t) {
-    std::size_t i = 0;
-    while (i < t.size() && (t[i] == ' ' || t[i] == '\t')) {
-        ++i;
-    }
     bool negativo = false;
-    if (i < t.size() && (t[i] == '-' || t[i] == '+')) {
-        negativo = t[i] == '-';
-        ++i;
-    }
+    std::size_t i = InicioNumero(t, negativo);
     const std::size_t inicioEnteros = i;
     while (i < t.size() && EsDigito(t[i])) {
         ++i;

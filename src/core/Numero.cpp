@@ -7,16 +7,22 @@
 
 namespace vorimesk {
 
-double Val(std::string_view t) {
+std::size_t InicioNumero(std::string_view t, bool& negativo) {
     std::size_t i = 0;
     while (i < t.size() && (t[i] == ' ' || t[i] == '\t')) {
         ++i;
     }
-    bool negativo = false;
+    negativo = false;
     if (i < t.size() && (t[i] == '-' || t[i] == '+')) {
         negativo = t[i] == '-';
         ++i;
     }
+    return i;
+}
+
+double Val(std::string_view t) {
+    bool negativo = false;
+    std::size_t i = InicioNumero(t, negativo);
     const std::size_t inicio = i;
     std::size_t digitos = 0;
     while (i < t.size() && t[i] >= '0' && t[i] <= '9') {

@@ -103,41 +103,45 @@ private:
     std::string texto_;
 };
 
+// A list is its count on a line of its own and then its elements, each read
+// by `leer`.
+template <typename T, typename F>
+void LeerLista(Lector& l, const char* que, std::vector<T>& lista, F leer) {
+    lista.resize(l.Cuenta(que));
+    for (T& elemento : lista) {
+        leer(elemento);
+    }
+}
+
 void LeerBonos(Lector& l, Settings& s) {
     s.DiaFactura = l.Byte("DiaFactura");
     s.perFactura = l.Byte("perFactura");
-    s.Bonos.resize(l.Cuenta("numero de bonos"));
-    for (BonoGuardado& b : s.Bonos) {
+    LeerLista(l, "numero de bonos", s.Bonos, [&](BonoGuardado& b) {
         b.Tipo = l.Entero16("Tipo del bono");
         b.Alta = l.FechaHora("Alta del bono");
         b.Baja = l.FechaOpcional("Baja del bono");
         b.tiempo = l.Texto("tiempo del bono");
-    }
+    });
 }
 
 void LeerListas(Lector& l, Settings& s) {
     s.Reservado1 = l.Entero16("Reservado1");
     s.Reservado2 = l.Entero16("Reservado2");
     s.Reservado3 = l.Byte("Reservado3");
-    s.EntradasConexion.resize(l.Cuenta("numero de entradas de conexion"));
-    for (EntradaConexion& e : s.EntradasConexion) {
+    LeerLista(l, "numero de entradas de conexion", s.EntradasConexion, [&](EntradaConexion& e) {
         e.Entrada = l.Texto("nombre de la entrada de conexion");
         e.Tarifa = l.Texto("tarifa de la entrada de conexion");
         e.Descuento = l.Texto("descuento de la entrada de conexion");
-    }
+    });
     s.Impuestos = l.Flotante("Impuestos");
     s.AnadirImpuestos = l.Booleano("AnadirImpuestos");
-    s.Festivos.resize(l.Cuenta("numero de festivos"));
-    for (Fecha& f : s.Festivos) {
-        f = l.FechaHora("festivo");
-    }
-    s.Conexiones.resize(l.Cuenta("numero de perfiles de conexion"));
-    for (PerfilConexion& p : s.Conexiones) {
+    LeerLista(l, "numero de festivos", s.Festivos, [&](Fecha& f) { f = l.FechaHora("festivo"); });
+    LeerLista(l, "numero de perfiles de conexion", s.Conexiones, [&](PerfilConexion& p) {
         p.Conexion = l.Texto("Conexion del perfil");
         p.Descuento = l.Texto("Descuento del perfil");
         p.fecha = l.FechaHora("fecha del perfil");
         p.Tarifa = l.Texto("Tarifa del perfil");
-    }
+    });
 }
 
 // A free name beside the file for a damaged copy; an identical copy made
@@ -168,10 +172,8 @@ Settings LeerTextoVariables(std::string_view bytes) {
     s.ColorSegunTarifa = l.Booleano("ColorSegunTarifa");
     s.MiniAlConectar = l.Booleano("MiniAlConectar");
     s.ProgramasAlConectar = l.Booleano("ProgramasAlConectar");
-    s.Programas.resize(l.Cuenta("numero de programas"));
-    for (std::string& p : s.Programas) {
-        p = l.Texto("programa");
-    }
+    LeerLista(l, "numero de programas", s.Programas,
+              [&](std::string& p) { p = l.Texto("programa"); });
     s.AvisoConectar = l.Booleano("AvisoConectar");
     s.AvisoDesconectar = l.Booleano("AvisoDesconectar");
     s.AvisoHora = l.Booleano("AvisoHora");

@@ -66,6 +66,17 @@ QWidget* ParOpciones(QRadioButton*& a, const QString& textoA, const char* nombre
     return w;
 }
 
+// A page that is only its heading and two choices.
+QWidget* PaginaDeDos(const QString& titulo, QRadioButton*& a, const QString& textoA,
+                     const char* nombreA, QRadioButton*& b, const QString& textoB,
+                     const char* nombreB) {
+    QVBoxLayout* c = nullptr;
+    QWidget* p = Pagina(titulo, c);
+    c->addWidget(ParOpciones(a, textoA, nombreA, b, textoB, nombreB));
+    c->addStretch(1);
+    return p;
+}
+
 } // namespace
 
 fArchivo::fArchivo(AnfitrionRegistro& anfitrion, Log& registro, const cBono& bono,
@@ -172,22 +183,14 @@ QWidget* fArchivo::PaginaNombre() {
 }
 
 QWidget* fArchivo::PaginaConservar() {
-    QVBoxLayout* c = nullptr;
-    QWidget* p = Pagina("Elija una opcion:", c);
-    c->addWidget(ParOpciones(Option1, "Borrar datos al archivar", "Option1", Option2,
-                             "Archivar y conservar datos.", "Option2"));
-    c->addStretch(1);
-    return p;
+    return PaginaDeDos("Elija una opcion:", Option1, "Borrar datos al archivar", "Option1", Option2,
+                       "Archivar y conservar datos.", "Option2");
 }
 
 QWidget* fArchivo::PaginaModo() {
-    QVBoxLayout* c = nullptr;
-    QWidget* p = Pagina("Elija una opcion:", c);
-    c->addWidget(ParOpciones(Option3, "Recuperar otros y sustituir los actuales.", "Option3",
-                             Option4, "Guardar datos actuales antes de recuperar otros.",
-                             "Option4"));
-    c->addStretch(1);
-    return p;
+    return PaginaDeDos("Elija una opcion:", Option3, "Recuperar otros y sustituir los actuales.",
+                       "Option3", Option4, "Guardar datos actuales antes de recuperar otros.",
+                       "Option4");
 }
 
 QWidget* fArchivo::PaginaArchivo() {
@@ -233,12 +236,8 @@ QWidget* fArchivo::PaginaVer() {
 }
 
 QWidget* fArchivo::PaginaConfirmar() {
-    QVBoxLayout* c = nullptr;
-    QWidget* p =
-        Pagina("Se borraran definitivamente los datos de su disco duro. ¿Desea continuar?:", c);
-    c->addWidget(ParOpciones(Option5, "&Si", "Option5", Option6, "&No", "Option6"));
-    c->addStretch(1);
-    return p;
+    return PaginaDeDos("Se borraran definitivamente los datos de su disco duro. ¿Desea continuar?:",
+                       Option5, "&Si", "Option5", Option6, "&No", "Option6");
 }
 
 void fArchivo::Conectar() {
@@ -247,16 +246,8 @@ void fArchivo::Conectar() {
         Refrescar();
     });
     connect(lAccion, &QListWidget::itemDoubleClicked, this, &fArchivo::Siguiente);
-    connect(Option8, &QRadioButton::toggled, this, [this](bool on) {
-        if (on) {
-            ElegirRango(true);
-        }
-    });
-    connect(Option7, &QRadioButton::toggled, this, [this](bool on) {
-        if (on) {
-            ElegirRango(false);
-        }
-    });
+    // The two range choices exclude each other: one signal serves for both.
+    connect(Option8, &QRadioButton::toggled, this, &fArchivo::ElegirRango);
     connect(Option1, &QRadioButton::toggled, this, [this](bool on) { borrar_ = on; });
     connect(Option4, &QRadioButton::toggled, this, [this](bool on) { pasos_.GuardarAntes(on); });
     connect(Option5, &QRadioButton::toggled, this, [this](bool on) {
@@ -270,13 +261,9 @@ void fArchivo::Conectar() {
         LlenarArchivos();
     });
     connect(File1, &QListWidget::currentItemChanged, this, &fArchivo::ArchivoElegido);
-    connect(File1, &QListWidget::itemDoubleClicked, this, [this] {
-        if (pasos_.SiguienteActivo()) {
-            Siguiente();
-        } else if (pasos_.FinalizarActivo()) {
-            Finalizar();
-        }
-    });
+    // Each checks for itself that it may go on.
+    connect(File1, &QListWidget::itemDoubleClicked, this,
+            [this] { pasos_.SiguienteActivo() ? Siguiente() : Finalizar(); });
     connect(cmdAtras, &QPushButton::clicked, this, &fArchivo::Atras);
     connect(cmdSiguiente, &QPushButton::clicked, this, &fArchivo::Siguiente);
     connect(cmdFinalizar, &QPushButton::clicked, this, &fArchivo::Finalizar);

@@ -34,7 +34,6 @@ fGrafico::fGrafico(const Log& registro, const Reloj& reloj, QWidget* padre)
     Graph1->setObjectName("Graph1");
     Graph1->setRenderHint(QPainter::Antialiasing);
     Graph1->setMinimumSize(640, 400);
-    Graph1->setChart(new QChart);
     auto* fila = new QHBoxLayout(this);
     fila->addWidget(Graph1, 1);
     fila->addWidget(Controles());
@@ -168,6 +167,8 @@ void fGrafico::Redibujar() {
     }
     const auto dato = static_cast<DatoGrafico>(std::max(0, cmbTipoDato->currentIndex()));
     puntos_ = PuntosGrafico(dias_, Vista(), dato, eleccion, reloj_.Hoy());
+    // The view lets go of its chart without deleting it: the one it made for
+    // itself at first too.
     QChart* anterior = Graph1->chart();
     Graph1->setChart(
         CrearGrafico(puntos_, static_cast<TipoGrafico>(std::max(0, cmbTipoGraf->currentIndex())),

@@ -1,27 +1,17 @@
 // leer-log and recalcular as outside tests drive them, and the settings file
 // behind every command that prices.
 
-#include "AplicacionCli.h"
-#include "CarpetaTemporal.h"
+#include "CarpetaCli.h"
 #include "RegistroAMano.h"
 #include "settings/ArchivoVariables.h"
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-#include <sstream>
 
 using namespace vorimesk;
-using namespace vorimesk::cli;
 using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Resultado {
-    int estado;
-    std::string salida;
-    std::string errores;
-};
 
 // Log lines as the pppd hook writes them, all on Monday 2 March 2026.
 std::string Linea(const std::string& hora, const std::string& mensaje) {
@@ -33,29 +23,11 @@ std::string Sesion(const std::string& desde, const std::string& hasta) {
            Linea(hasta, "Modem closed.");
 }
 
-class OrdenesLeerLog : public CarpetaTemporal {
+class OrdenesLeerLog : public CarpetaCli {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
-        datos = dir / "datos"; // made by the first command, with the shipped tariff book
+        // The folder is made by the first command, with the shipped tariff book.
         ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0);
-    }
-    Resultado Ejecutar(std::vector<std::string> args) {
-        args.insert(args.begin(), {"vorimesk-cli", "--datos", datos.string()});
-        std::vector<const char*> argv;
-        for (const std::string& a : args) {
-            argv.push_back(a.c_str());
-        }
-        AplicacionCli app;
-        RegistrarOrdenes(app);
-        std::ostringstream salida, errores;
-        const int e = app.Ejecutar(static_cast<int>(argv.size()), argv.data(), salida, errores);
-        return {e, salida.str(), errores.str()};
-    }
-    nlohmann::json Json(std::vector<std::string> args) {
-        const Resultado r = Ejecutar(std::move(args));
-        EXPECT_EQ(r.estado, 0) << r.errores;
-        return nlohmann::json::parse(r.salida.empty() ? "null" : r.salida);
     }
     fs::path ModemLog() const { return dir / "modemlog.txt"; }
     fs::path Variables() const { return datos / "Varibles.Dat"; }
@@ -68,42 +40,32 @@ protected:
         s.Reservado1 = 77;
         GuardarVariables(Variables(), s);
     }
-
-    fs::path datos;
 };
 
 } // namespace
 
 TEST_F(OrdenesLeerLog, DosSesionesCompletasSonDosLlamadasYElLogSeBorra) {
     Escribir(ModemLog(), Sesion("10:00:00", "10:01:00") + Sesion("11:00:00", "11:10:00"));
-    const Resultado r = Ejecutar({"leer-log", "--log", ModemLog().string(), "--pendiente",
-                                  "2026-03-02 10:00:00|Casa|Provincial|Ninguno", "--pendiente",
-                                  "2026-03-02 12:00:00|Otra|Provincial|", "--json"});
+    const ResultadoCli r = Ejecutar({"leer-log", "--log", ModemLog().string(), "--pendiente",
+                                     "2026-03-02 10:00:00|Casa|Provincial|Ninguno", "--pendiente",
+                                     "2026-03-02 12:00:00|Otra|Provincial|", "--json"});
     ASSERT_EQ(r.estado, 0) << r.errores;
     EXPECT_EQ(r.salida, "{\"resultado\":true,\"añadidas\":2}\n");
     EXPECT_FALSE(Existe(ModemLog()));
 
-    const nlohmann::json ll = Json({"registro", "--json"})["llamadas"];
-    ASSERT_EQ(ll.size(), 2u);
-    EXPECT_EQ(ll[0]["Dia"], "2026-03-02");
-    EXPECT_EQ(ll[0]["Hora"], "10:00:00");
-    EXPECT_EQ(ll[0]["Duracion"], "00:01:00");
-    EXPECT_EQ(ll[0]["importe"], "25.43"); // 11.72 + 1 min at 13.71
-    EXPECT_EQ(ll[0]["Tipo"], 0);
-    EXPECT_EQ(ll[0]["Tarifa"], "Provincial");
-    EXPECT_EQ(ll[0]["Conexion"], "Casa");
-    EXPECT_EQ(ll[0]["Bono"], 0);
-    EXPECT_EQ(ll[0]["Recibidos"], 2);
-    EXPECT_EQ(ll[0]["Enviados"], 2);
-    EXPECT_EQ(ll[1]["Hora"], "11:00:00");
-    EXPECT_EQ(ll[1]["importe"], "36.72"); // no profile: Metropolitana
-    EXPECT_EQ(ll[1]["Tarifa"], "");
-    EXPECT_EQ(ll[1]["Conexion"], "Casa");
+    // 11.72 + 1 min at 13.71; the second has no profile: Metropolitana.
+    EXPECT_EQ(Json({"registro", "--json"}), nlohmann::json::parse(R"({"llamadas": [
+        {"Dia": "2026-03-02", "Hora": "10:00:00", "Duracion": "00:01:00", "importe": "25.43",
+         "Tipo": 0, "Tarifa": "Provincial", "Conexion": "Casa", "Reservada": "", "Bono": 0,
+         "Recibidos": 2, "Enviados": 2},
+        {"Dia": "2026-03-02", "Hora": "11:00:00", "Duracion": "00:10:00", "importe": "36.72",
+         "Tipo": 0, "Tarifa": "", "Conexion": "Casa", "Reservada": "", "Bono": 0,
+         "Recibidos": 2, "Enviados": 2}]})"));
 
     // Nothing left to read; the count is the net change.
     EXPECT_EQ(Json({"leer-log", "--log", ModemLog().string(), "--json"}),
               (nlohmann::json{{"resultado", false}, {"añadidas", 0}}));
-    const Resultado texto = Ejecutar({"leer-log", "--log", ModemLog().string()});
+    const ResultadoCli texto = Ejecutar({"leer-log", "--log", ModemLog().string()});
     EXPECT_EQ(texto.estado, 0);
     EXPECT_NE(texto.salida.find("se conserva"), std::string::npos) << texto.salida;
 }
@@ -136,14 +98,14 @@ TEST_F(OrdenesLeerLog, ElBonoDeLasOpcionesPagaYSeGuarda) {
 }
 
 TEST_F(OrdenesLeerLog, RecalcularConLosFestivosYElBonoDeLasOpciones) {
-    CamposAMano a; // Monday 2 March 2026, 10:00, 10 minutes
-    a.dia = Fecha::Crear(2026, 3, 2).AOle();
-    a.hora = Fecha::DesdeSegundos(36000).AOle();
-    a.duracion = "00:10:00";
-    a.importe = "999";
-    a.tarifa = "Provincial";
-    CamposAMano b = a; // Tuesday, a holiday in the settings
-    b.dia = Fecha::Crear(2026, 3, 3).AOle();
+    // Monday 2 March 2026, 10:00, 10 minutes, and Tuesday, a holiday in the settings.
+    CamposAMano a{.dia = Fecha::Crear(2026, 3, 2).AOle(),
+                  .hora = 10 / 24.0,
+                  .duracion = "00:10:00",
+                  .importe = "999",
+                  .tarifa = "Provincial"};
+    CamposAMano b = a;
+    b.dia = a.dia + 1;
     Escribir(Registro(), RegistroAMano(a) + RegistroAMano(b));
     OpcionesConBono("00:00:00", {Fecha::Crear(2026, 3, 3)});
 
@@ -158,7 +120,7 @@ TEST_F(OrdenesLeerLog, RecalcularConLosFestivosYElBonoDeLasOpciones) {
     EXPECT_EQ(ll[1]["Tarifa"], "Provincial");
     EXPECT_EQ(LeerVariables(Variables()).valores.Bonos.at(0).tiempo, "09:50:00");
 
-    const Resultado texto = Ejecutar({"recalcular"});
+    const ResultadoCli texto = Ejecutar({"recalcular"});
     EXPECT_EQ(texto.estado, 0);
     EXPECT_EQ(texto.salida, "Llamadas recalculadas: 2.\n");
 }
@@ -193,7 +155,7 @@ TEST_F(OrdenesLeerLog, OpcionesDañadasParanSinCambiarNada) {
              {std::vector<std::string>{"leer-log", "--log", ModemLog().string()},
               {"recalcular"},
               {"calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 10:01:00"}}) {
-            const Resultado r = Ejecutar(orden);
+            const ResultadoCli r = Ejecutar(orden);
             EXPECT_EQ(r.estado, 1) << orden[0];
             EXPECT_NE(r.errores.find("Varibles.Dat"), std::string::npos) << r.errores;
             EXPECT_NE(r.errores.find("dañado"), std::string::npos) << r.errores;
@@ -207,7 +169,7 @@ TEST_F(OrdenesLeerLog, OpcionesDañadasParanSinCambiarNada) {
 TEST_F(OrdenesLeerLog, ErroresDeUsoYDeLog) {
     for (const char* mal : {"2026-03-02 10:00:00|Casa|Provincial", "ayer|Casa|Provincial|",
                             "2026-03-02 10:00:00|a|b|c|d"}) {
-        const Resultado r =
+        const ResultadoCli r =
             Ejecutar({"leer-log", "--log", ModemLog().string(), "--pendiente", mal});
         EXPECT_EQ(r.estado, 2) << mal;
     }
@@ -216,7 +178,7 @@ TEST_F(OrdenesLeerLog, ErroresDeUsoYDeLog) {
     // A log whose stamps are no dates: a user error, the log stays.
     const std::string malo = Sesion("10:00:00", "10:01:00") + "13-45-2026 11:00:00.00 - in use\r\n";
     Escribir(ModemLog(), malo);
-    const Resultado r = Ejecutar({"leer-log", "--log", ModemLog().string()});
+    const ResultadoCli r = Ejecutar({"leer-log", "--log", ModemLog().string()});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("log del modem"), std::string::npos) << r.errores;
     EXPECT_EQ(Leer(ModemLog()), malo);

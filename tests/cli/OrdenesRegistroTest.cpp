@@ -1,60 +1,32 @@
-#include "AplicacionCli.h"
-#include "CarpetaTemporal.h"
+#include "CarpetaCli.h"
 #include "RegistroAMano.h"
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-#include <sstream>
 
-using namespace vorimesk::cli;
 using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
+using nlohmann::json;
 
 namespace {
 
-struct Resultado {
-    int estado;
-    std::string salida;
-    std::string errores;
-};
-
-class OrdenesRegistro : public CarpetaTemporal {
+class OrdenesRegistro : public CarpetaCli {
 protected:
-    Resultado Ejecutar(std::vector<std::string> args) {
-        args.insert(args.begin(), {"vorimesk-cli", "--datos", dir.string()});
-        std::vector<const char*> argv;
-        for (const std::string& a : args) {
-            argv.push_back(a.c_str());
-        }
-        AplicacionCli app;
-        RegistrarOrdenes(app);
-        std::ostringstream salida, errores;
-        const int e = app.Ejecutar(static_cast<int>(argv.size()), argv.data(), salida, errores);
-        return {e, salida.str(), errores.str()};
-    }
-    nlohmann::json Json(std::vector<std::string> args) {
-        const Resultado r = Ejecutar(std::move(args));
-        EXPECT_EQ(r.estado, 0) << r.errores;
-        return nlohmann::json::parse(r.salida);
-    }
-    fs::path Registro() const { return dir / "RegDat.log"; }
+    fs::path Registro() const { return datos / "RegDat.log"; }
 
     // Two calls: a plain one and one with every odd value the file allows.
     static std::string DosLlamadas() {
-        CamposAMano a; // 15/11/1999 12:00:00, "125", Metropolitana, Casa
-        CamposAMano b;
-        b.dia = 45351.0; // 29/02/2024
-        b.hora = 0.75;
-        b.duracion = "01:02:03";
-        b.importe = "7,5";
-        b.tipo = 255;
-        b.tarifa = "Tarifa; rara";
-        b.conexion = "Telef\xF3nica";
-        b.reservada = std::string(10, '\0');
-        b.bono = -1;
-        b.recibidos = 2;
-        b.enviados = -3;
-        return RegistroAMano(a) + RegistroAMano(b);
+        const CamposAMano b{.dia = 45351.0, // 29/02/2024
+                            .hora = 0.75,
+                            .duracion = "01:02:03",
+                            .importe = "7,5",
+                            .tipo = 255,
+                            .tarifa = "Tarifa; rara",
+                            .conexion = "Telef\xF3nica",
+                            .reservada = std::string(10, '\0'),
+                            .bono = -1,
+                            .recibidos = 2,
+                            .enviados = -3};
+        return RegistroAMano(CamposAMano{}) + RegistroAMano(b);
     }
 };
 
@@ -62,35 +34,16 @@ protected:
 
 TEST_F(OrdenesRegistro, RegistroJsonConLosCamposDelContrato) {
     Escribir(Registro(), DosLlamadas());
-    const nlohmann::json j = Json({"registro", "--json"});
-    ASSERT_EQ(j.size(), 1u);
-    const auto& ll = j.at("llamadas");
-    ASSERT_EQ(ll.size(), 2u);
-    std::vector<std::string> claves;
-    for (const auto& [clave, valor] : ll[0].items()) {
-        claves.push_back(clave);
-    }
-    std::sort(claves.begin(), claves.end());
-    EXPECT_EQ(claves,
-              (std::vector<std::string>{"Bono", "Conexion", "Dia", "Duracion", "Enviados", "Hora",
-                                        "Recibidos", "Reservada", "Tarifa", "Tipo", "importe"}));
-    EXPECT_EQ(ll[0]["Dia"], "1999-11-15");
-    EXPECT_EQ(ll[0]["Hora"], "12:00:00");
-    EXPECT_EQ(ll[0]["Duracion"], "00:05:00");
-    EXPECT_EQ(ll[0]["importe"], "125");
-    EXPECT_EQ(ll[0]["Tipo"], 0);
-    EXPECT_EQ(ll[0]["Tarifa"], "Metropolitana");
-    EXPECT_EQ(ll[0]["Recibidos"], 120);
-    EXPECT_EQ(ll[1]["Dia"], "2024-02-29");
-    EXPECT_EQ(ll[1]["Hora"], "18:00:00");
-    EXPECT_EQ(ll[1]["importe"], "7,5");
-    EXPECT_EQ(ll[1]["Tipo"], -1);
-    EXPECT_EQ(ll[1]["Conexion"], "Telefónica");
-    EXPECT_EQ(ll[1]["Reservada"], "");
-    EXPECT_EQ(ll[1]["Bono"], -1);
-    EXPECT_EQ(ll[1]["Enviados"], -3);
+    // Exactly these keys, nothing more.
+    EXPECT_EQ(Json({"registro", "--json"}), json::parse(R"({"llamadas": [
+        {"Dia": "1999-11-15", "Hora": "12:00:00", "Duracion": "00:05:00", "importe": "125",
+         "Tipo": 0, "Tarifa": "Metropolitana", "Conexion": "Casa", "Reservada": "", "Bono": 0,
+         "Recibidos": 120, "Enviados": 30},
+        {"Dia": "2024-02-29", "Hora": "18:00:00", "Duracion": "01:02:03", "importe": "7,5",
+         "Tipo": -1, "Tarifa": "Tarifa; rara", "Conexion": "Telefónica", "Reservada": "",
+         "Bono": -1, "Recibidos": 2, "Enviados": -3}]})"));
 
-    const Resultado r = Ejecutar({"registro"});
+    const ResultadoCli r = Ejecutar({"registro"});
     EXPECT_EQ(r.estado, 0);
     EXPECT_NE(r.salida.find("15/11/1999  12:00:00  00:05:00"), std::string::npos) << r.salida;
     EXPECT_EQ(r.salida.find("Reducida"), std::string::npos) << r.salida; // -1 is not reduced
@@ -100,25 +53,24 @@ TEST_F(OrdenesRegistro, RegistroJsonConLosCamposDelContrato) {
 }
 
 TEST_F(OrdenesRegistro, UnRegistroIlegibleEsUnErrorDelUsuario) {
-    CamposAMano malo;
-    malo.dia = 1e300;
-    Escribir(Registro(), RegistroAMano(malo));
-    const Resultado r = Ejecutar({"registro", "--json"});
+    const std::string malo = RegistroAMano({.dia = 1e300});
+    Escribir(Registro(), malo);
+    const ResultadoCli r = Ejecutar({"registro", "--json"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("vorimesk-cli: "), std::string::npos);
-    EXPECT_EQ(Leer(Registro()), RegistroAMano(malo));
+    EXPECT_EQ(Leer(Registro()), malo);
 }
 
 TEST_F(OrdenesRegistro, ExportarCsvYJson) {
     Escribir(Registro(), DosLlamadas());
-    Resultado r = Ejecutar({"exportar", "--formato", "csv"});
+    ResultadoCli r = Ejecutar({"exportar", "--formato", "csv"});
     ASSERT_EQ(r.estado, 0) << r.errores;
     EXPECT_EQ(r.salida,
               "Dia;Hora;Duracion;Importe;Tipo;Tarifa;Conexion;Reservada;Bono;Recibidos;Enviados\r\n"
               "1999-11-15;12:00:00;00:05:00;125;0;Metropolitana;Casa;;0;120;30\r\n"
               "2024-02-29;18:00:00;01:02:03;7,5;-1;\"Tarifa; rara\";Telefónica;;-1;2;-3\r\n");
 
-    const nlohmann::json j = Json({"exportar", "--formato", "json", "--desde", "2000-01-01"});
+    const json j = Json({"exportar", "--formato", "json", "--desde", "2000-01-01"});
     ASSERT_EQ(j["llamadas"].size(), 1u);
     EXPECT_EQ(j["llamadas"][0]["importe"], 7.5);
     EXPECT_EQ(Json({"exportar", "--formato", "json", "--hasta", "2024-02-28"})["llamadas"].size(),
@@ -137,21 +89,17 @@ TEST_F(OrdenesRegistro, ExportarCsvYJson) {
 
 TEST_F(OrdenesRegistro, ArchivarListarYRecuperarDevuelvenElRegistro) {
     Escribir(Registro(), DosLlamadas());
-    nlohmann::json j = Json({"archivar", "--descripcion", "Todo 1999-2024", "--borrar", "--desde",
-                             "1999-01-01", "--json"});
+    json j = Json({"archivar", "--descripcion", "Todo 1999-2024", "--borrar", "--desde",
+                   "1999-01-01", "--json"});
     EXPECT_EQ(j["nombre"], "Copia000.CPR");
     EXPECT_EQ(j["archivadas"], 2);
     EXPECT_EQ(j["quitadas"], 2);
     // The register is empty now: only its backup is left.
     EXPECT_FALSE(Existe(Registro()));
-    EXPECT_EQ(Leer(dir / "RegDat.bak"), DosLlamadas());
+    EXPECT_EQ(Leer(datos / "RegDat.bak"), DosLlamadas());
 
-    j = Json({"archivos", "--json"});
-    ASSERT_EQ(j["copias"].size(), 1u);
-    EXPECT_EQ(j["copias"][0]["nombre"], "Copia000.CPR");
-    EXPECT_EQ(j["copias"][0]["descripcion"], "Todo 1999-2024");
-    EXPECT_EQ(j["copias"][0]["existe"], true);
-    EXPECT_EQ(j["siguiente"], "Copia001.CPR");
+    EXPECT_EQ(Json({"archivos", "--json"}), json::parse(R"({"siguiente": "Copia001.CPR",
+        "copias": [{"nombre": "Copia000.CPR", "descripcion": "Todo 1999-2024", "existe": true}]})"));
 
     j = Json({"recuperar", "Copia000.CPR", "--json"});
     EXPECT_EQ(j["recuperadas"], 2);
@@ -169,14 +117,13 @@ TEST_F(OrdenesRegistro, ArchivarListarYRecuperarDevuelvenElRegistro) {
 
 TEST_F(OrdenesRegistro, UnaCopiaDañadaNoCambiaElRegistro) {
     Escribir(Registro(), DosLlamadas());
-    fs::create_directory(dir / "Copias");
-    Escribir(dir / "Copias" / "Copia000.CPR", "#2024-01-01#,#10:00:00#,\"00:01:00\"\r\n");
-    Resultado r = Ejecutar({"recuperar", "Copia000.CPR"});
+    Escribir(datos / "Copias" / "Copia000.CPR", "#2024-01-01#,#10:00:00#,\"00:01:00\"\r\n");
+    ResultadoCli r = Ejecutar({"recuperar", "Copia000.CPR"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("Copia000.CPR"), std::string::npos) << r.errores;
     EXPECT_NE(r.errores.find("linea 1"), std::string::npos) << r.errores;
     EXPECT_EQ(Leer(Registro()), DosLlamadas());
-    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
+    EXPECT_FALSE(Existe(datos / "RegDat.bak"));
     EXPECT_EQ(Ejecutar({"recuperar", "Copia999.CPR"}).estado, 1);
     EXPECT_EQ(Ejecutar({"recuperar"}).estado, 2);
 }

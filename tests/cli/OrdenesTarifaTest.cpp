@@ -1,48 +1,12 @@
-#include "AplicacionCli.h"
+#include "CarpetaCli.h"
 #include "core/Archivo.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-#include <sstream>
-#include <unistd.h>
-#include <vector>
 
-using namespace vorimesk::cli;
+using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
 
-namespace {
-
-struct Resultado {
-    int estado;
-    std::string salida;
-    std::string errores;
-};
-
-class Ordenes : public ::testing::Test {
-protected:
-    void SetUp() override {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-cli-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(plantilla.data()), nullptr);
-        dir = plantilla;
-        datos = (dir / "datos").string();
-    }
-    void TearDown() override { fs::remove_all(dir); }
-
-    Resultado Ejecutar(std::vector<const char*> args) {
-        args.insert(args.begin(), {"vorimesk-cli", "--datos", datos.c_str()});
-        AplicacionCli app;
-        RegistrarOrdenes(app);
-        std::ostringstream salida, errores;
-        const int e = app.Ejecutar(static_cast<int>(args.size()), args.data(), salida, errores);
-        return {e, salida.str(), errores.str()};
-    }
-
-    fs::path dir;
-    std::string datos;
-};
-
-} // namespace
+using Ordenes = CarpetaCli;
 
 TEST_F(Ordenes, CalcularConElLibroDeSerie) {
     auto r = Ejecutar({"calcular", "--inicio", "2026-03-02 17:59:00", "--fin",
@@ -51,7 +15,7 @@ TEST_F(Ordenes, CalcularConElLibroDeSerie) {
     // 11.72 de establecimiento, 60 s a 2.5 y 60 s a 1.04 por minuto.
     EXPECT_EQ(r.salida, "{\"importe\":15.26,\"duracion\":\"00:02:00\",\"tipo\":1,"
                         "\"tipoActual\":0,\"bonoNet\":false,\"bonoNetActual\":false}\n");
-    EXPECT_TRUE(fs::exists(fs::path(datos) / "Tarifas.Dat"));
+    EXPECT_TRUE(fs::exists(datos / "Tarifas.Dat"));
     // Sin --tarifa se usa Metropolitana; sin --json, un resumen legible.
     r = Ejecutar({"calcular", "--inicio", "2026-03-02 17:59:00", "--fin", "2026-03-02 18:01:00"});
     ASSERT_EQ(r.estado, 0);
@@ -60,14 +24,10 @@ TEST_F(Ordenes, CalcularConElLibroDeSerie) {
 }
 
 TEST_F(Ordenes, CalcularConFestivosYBono) {
-    const auto importe = [this](std::vector<const char*> extra) {
-        std::vector<const char*> a = {
-            "calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 11:00:00",
-            "--json"};
-        a.insert(a.end(), extra.begin(), extra.end());
-        const auto r = Ejecutar(a);
-        EXPECT_EQ(r.estado, 0) << r.errores;
-        return nlohmann::json::parse(r.salida);
+    const auto importe = [this](std::vector<std::string> extra) {
+        extra.insert(extra.begin(), {"calcular", "--inicio", "2026-03-02 10:00:00", "--fin",
+                                     "2026-03-02 11:00:00", "--json"});
+        return Json(extra);
     };
     const double laborable = importe({})["importe"];
     const auto festivo = importe({"--festivo", "2026-01-06", "--festivo", "2026-03-02"});
@@ -84,12 +44,12 @@ TEST_F(Ordenes, ErroresDeCalcular) {
         {"calcular", "--inicio", inicio, "--fin", "2026-03-02 11:00:00", "--tarifa", "Lunar"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("\"Lunar\" no esta en el libro"), std::string::npos) << r.errores;
-    const std::string libro = vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat");
+    const std::string libro = vorimesk::LeerArchivo(datos / "Tarifas.Dat");
 
     r = Ejecutar({"calcular", "--inicio", inicio, "--fin", "2026-03-02 09:59:59"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("anterior a su inicio"), std::string::npos) << r.errores;
-    EXPECT_EQ(vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat"), libro);
+    EXPECT_EQ(vorimesk::LeerArchivo(datos / "Tarifas.Dat"), libro);
 
     EXPECT_EQ(Ejecutar({"calcular", "--inicio", "2026-02-30", "--fin", inicio}).estado, 2);
     r = Ejecutar({"calcular", "--inicio", inicio});
@@ -100,8 +60,8 @@ TEST_F(Ordenes, ErroresDeCalcular) {
         Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio, "--festivo", "mañana"}).estado,
         2);
 
-    fs::remove(fs::path(datos) / "Tarifas.Dat");
-    fs::create_directory(fs::path(datos) / "Tarifas.Dat"); // no se puede leer
+    fs::remove(datos / "Tarifas.Dat");
+    fs::create_directory(datos / "Tarifas.Dat"); // no se puede leer
     r = Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("Tarifas.Dat"), std::string::npos) << r.errores;
@@ -138,8 +98,8 @@ TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
     EXPECT_EQ(primera["Festivo.Reducida.Fin"], "23:59:59");
 
     // Una carpeta que ya tiene datos no recibe el libro de serie.
-    fs::remove(fs::path(datos) / "Tarifas.Dat");
-    vorimesk::EscribirArchivoSeguro(fs::path(datos) / "Varibles.Dat", "");
+    fs::remove(datos / "Tarifas.Dat");
+    vorimesk::EscribirArchivoSeguro(datos / "Varibles.Dat", "");
     r = Ejecutar({"tarifas", "--json"});
     EXPECT_EQ(r.salida, "{\"tarifas\":[]}\n");
     r = Ejecutar({"tarifas"});
@@ -149,22 +109,22 @@ TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
 TEST_F(Ordenes, TarifasExportarEImportarEnJson) {
     auto r = Ejecutar({"tarifas", "--exportar"});
     ASSERT_EQ(r.estado, 0) << r.errores;
-    const std::string libroDeSerie = vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat");
+    const std::string libroDeSerie = vorimesk::LeerArchivo(datos / "Tarifas.Dat");
     auto j = nlohmann::ordered_json::parse(r.salida);
     EXPECT_EQ(j["formato"], "vorimesk-tarifas");
     ASSERT_EQ(j["tarifas"].size(), 5u);
 
     const std::string archivo = (dir / "libro.json").string();
-    r = Ejecutar({"tarifas", "--exportar", archivo.c_str()});
+    r = Ejecutar({"tarifas", "--exportar", archivo});
     ASSERT_EQ(r.estado, 0) << r.errores;
     EXPECT_EQ(r.salida, "Exportadas 5 tarifas a " + archivo + ".\n");
     EXPECT_EQ(nlohmann::ordered_json::parse(vorimesk::LeerArchivo(archivo)), j);
 
     // Exportar e importar deja el mismo archivo.
-    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    r = Ejecutar({"tarifas", "--importar", archivo});
     ASSERT_EQ(r.estado, 0) << r.errores;
     EXPECT_EQ(r.errores, "");
-    EXPECT_EQ(vorimesk::LeerArchivo(fs::path(datos) / "Tarifas.Dat"), libroDeSerie);
+    EXPECT_EQ(vorimesk::LeerArchivo(datos / "Tarifas.Dat"), libroDeSerie);
 
     // Una tarifa propia: 10 de establecimiento con un minuto incluido, 3 el minuto de dia.
     auto propia = j["tarifas"][0];
@@ -174,9 +134,9 @@ TEST_F(Ordenes, TarifasExportarEImportarEnJson) {
     propia["Semana.Normal.Importe"] = "3";
     j["tarifas"].push_back(propia);
     vorimesk::EscribirArchivoSeguro(archivo, j.dump(2));
-    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    r = Ejecutar({"tarifas", "--importar", archivo});
     ASSERT_EQ(r.estado, 0) << r.errores;
-    EXPECT_EQ(r.salida, "Importadas 6 tarifas en " + datos + "/Tarifas.Dat.\n");
+    EXPECT_EQ(r.salida, "Importadas 6 tarifas en " + (datos / "Tarifas.Dat").string() + ".\n");
     r = Ejecutar({"calcular", "--inicio", "2026-03-02 10:00:00", "--fin", "2026-03-02 10:11:00",
                   "--tarifa", "MiOperador", "--json"});
     ASSERT_EQ(r.estado, 0) << r.errores;
@@ -185,14 +145,14 @@ TEST_F(Ordenes, TarifasExportarEImportarEnJson) {
 
 TEST_F(Ordenes, TarifasImportarRechazaSinTocarElLibro) {
     ASSERT_EQ(Ejecutar({"tarifas", "--exportar"}).estado, 0);
-    const fs::path libro = fs::path(datos) / "Tarifas.Dat";
+    const fs::path libro = datos / "Tarifas.Dat";
     const std::string antes = vorimesk::LeerArchivo(libro);
     const auto mtime = fs::last_write_time(libro);
     const std::string archivo = (dir / "malo.json").string();
     auto j = nlohmann::ordered_json::parse(Ejecutar({"tarifas", "--exportar"}).salida);
     const auto importar = [&](const std::string& texto) {
         vorimesk::EscribirArchivoSeguro(archivo, texto);
-        auto r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+        auto r = Ejecutar({"tarifas", "--importar", archivo});
         EXPECT_EQ(vorimesk::LeerArchivo(libro), antes);
         EXPECT_EQ(fs::last_write_time(libro), mtime);
         return r;
@@ -220,19 +180,19 @@ TEST_F(Ordenes, TarifasImportarRechazaSinTocarElLibro) {
     malo = j;
     malo["tarifas"] = nlohmann::ordered_json::array();
     EXPECT_EQ(importar(malo.dump()).estado, 1);
-    EXPECT_EQ(Ejecutar({"tarifas", "--importar", (dir / "no-existe.json").c_str()}).estado, 1);
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", (dir / "no-existe.json").string()}).estado, 1);
 
     // Los avisos no impiden importar, pero se muestran.
     malo = j;
     malo["tarifas"][0]["Semana.Reducida.Inicio"] = "19:00:00";
     vorimesk::EscribirArchivoSeguro(archivo, malo.dump());
-    r = Ejecutar({"tarifas", "--importar", archivo.c_str()});
+    r = Ejecutar({"tarifas", "--importar", archivo});
     EXPECT_EQ(r.estado, 0);
     EXPECT_EQ(r.errores, "vorimesk-cli: Aviso en la tarifa 1 (Metropolitana): En Semana no hay "
                          "franja de 18:00:00 a 18:59:59: esas horas se cobran como reducida.\n");
 
     // Una sola de --json, --importar y --exportar.
-    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo.c_str(), "--json"}).estado, 2);
-    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo.c_str(), "--exportar"}).estado, 2);
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo, "--json"}).estado, 2);
+    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo, "--exportar"}).estado, 2);
     EXPECT_EQ(Ejecutar({"tarifas", "--exportar", "--json"}).estado, 2);
 }

@@ -1,33 +1,15 @@
 #include "core/Archivo.h"
 
+#include "CarpetaTemporal.h"
 #include "core/CarpetaDatos.h"
 #include "core/Errores.h"
 
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace vorimesk;
+using vorimesk::prueba::CarpetaTemporal;
 namespace fs = std::filesystem;
-
-namespace {
-class CarpetaTemporal : public ::testing::Test {
-protected:
-    void SetUp() override {
-        std::string plantilla = (fs::temp_directory_path() / "vorimesk-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(plantilla.data()), nullptr);
-        dir = plantilla;
-    }
-    void TearDown() override {
-        std::error_code ec;
-        fs::permissions(dir, fs::perms::owner_all, ec);
-        fs::remove_all(dir, ec);
-    }
-    void Escribir(const fs::path& p, const std::string& texto) { std::ofstream(p) << texto; }
-    fs::path dir;
-};
-} // namespace
 
 using Archivo = CarpetaTemporal;
 

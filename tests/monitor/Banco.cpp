@@ -1,40 +1,17 @@
 #include "Banco.h"
 
+#include "TarifaAMano.h"
 #include "core/Errores.h"
-#include "tariff/cLlamada.h"
 
 namespace vorimesk::prueba {
-namespace {
-
-void Franjas(cLlamada& l, std::int16_t i, const char* normal, const char* reducida) {
-    for (const char* dia : {"Semana", "Sabado", "Festivo"}) {
-        const std::string d = dia;
-        l.Valor(i, d + ".Normal.Importe", normal);
-        l.Valor(i, d + ".Normal.Inicio", "08:00:00");
-        l.Valor(i, d + ".Normal.Fin", "17:59:59");
-        l.Valor(i, d + ".Reducida.Importe", reducida);
-        l.Valor(i, d + ".Reducida.Inicio", "18:00:00");
-        l.Valor(i, d + ".Reducida.Fin", "07:59:59");
-    }
-}
-
-void Tarifa(cLlamada& l, const char* nombre, const char* conexion, const char* normal,
-            const char* reducida) {
-    l.Add();
-    const auto i = static_cast<std::int16_t>(l.Count() - 1);
-    l.Valor(i, "Nombre", nombre);
-    l.Valor(i, "Conexion.Importe", conexion);
-    l.Valor(i, "Conexion.Tiempo", "00:00");
-    Franjas(l, i, normal, reducida);
-}
-
-} // namespace
 
 void EscribirLibro(const std::filesystem::path& carpeta) {
     cLlamada libro(carpeta);
-    Tarifa(libro, "Metropolitana", "0", "6", "3");
-    Tarifa(libro, "BonoNet", "0", "6", "3");
-    Tarifa(libro, "Cara", "100", "0", "0");
+    const Dia dia = Laborable("6", "3");
+    PonerTarifa(libro, "Metropolitana", "0", "00:00", dia, dia, dia);
+    PonerTarifa(libro, "BonoNet", "0", "00:00", dia, dia, dia);
+    const Dia nada = Laborable("0", "0");
+    PonerTarifa(libro, "Cara", "100", "00:00", nada, nada, nada);
     libro.Save();
 }
 
@@ -65,7 +42,6 @@ Fecha RegistroFalso::DateConexion() const {
 }
 
 void BancoMonitor::SetUp() {
-    CarpetaTemporal::SetUp();
     EscribirLibro(dir);
     monitor =
         std::make_unique<MonitorConexion>(reloj, ajustes, bono, pendientes, registro, linea, dir);

@@ -4,6 +4,8 @@
 #include "Banco.h"
 #include "monitor/EntradasConexion.h"
 
+#include <tuple>
+
 using namespace vorimesk;
 using namespace vorimesk::prueba;
 using Tipo = SucesoMonitor::Tipo;
@@ -19,44 +21,31 @@ class Estados : public BancoMonitor {};
 
 TEST_F(Estados, CadaFilaDeLaTabla) {
     const PantallaMonitor& p = Monitor().Pantalla();
+    // Estado de pantalla, color del indicador, etiquetas de llamada y lista
+    // de conexiones.
+    const auto fila = [&] {
+        return std::tuple(p.EstadoPantalla, p.ColorIndicador, p.EtiquetasLlamada,
+                          p.ListaConexiones);
+    };
     EXPECT_EQ(p.EstadoPantalla, 0);
     EXPECT_EQ(p.PuntaBandeja, "Vorimesk  Desconectado.");
     EXPECT_FALSE(p.MenuDesconectar);
 
     Tick(kNada);
-    EXPECT_EQ(p.EstadoPantalla, 4);
-    EXPECT_EQ(p.ColorIndicador, 12);
-    EXPECT_FALSE(p.EtiquetasLlamada);
-    EXPECT_TRUE(p.ListaConexiones);
-
+    EXPECT_EQ(fila(), std::tuple(4, 12, false, true));
     Tick(kConectando, "Trabajo");
-    EXPECT_EQ(p.EstadoPantalla, 1);
-    EXPECT_EQ(p.ColorIndicador, 14);
-    EXPECT_TRUE(p.EtiquetasLlamada);
-    EXPECT_FALSE(p.ListaConexiones);
+    EXPECT_EQ(fila(), std::tuple(1, 14, true, false));
     EXPECT_EQ(p.Conectado, "Trabajo");
-
     // Un 0 sin llamada abierta: la pantalla sigue en 1 y se vuelve al reposo.
     Tick(kDesconectado, "Trabajo");
-    EXPECT_EQ(p.EstadoPantalla, 1);
-    EXPECT_EQ(p.ColorIndicador, 12);
-    EXPECT_FALSE(p.EtiquetasLlamada);
-    EXPECT_TRUE(p.ListaConexiones);
-
+    EXPECT_EQ(fila(), std::tuple(1, 12, false, true));
     Tick(kConectado, "Trabajo");
-    EXPECT_EQ(p.EstadoPantalla, 2);
-    EXPECT_EQ(p.ColorIndicador, 10);
-    EXPECT_TRUE(p.EtiquetasLlamada);
-    EXPECT_FALSE(p.ListaConexiones);
+    EXPECT_EQ(fila(), std::tuple(2, 10, true, false));
     EXPECT_TRUE(Monitor().LlamadaAbierta());
-
     // Tras la llamada el estado de pantalla no cambia: solo el color y las
     // etiquetas.
     Tick(kDesconectado, "Trabajo");
-    EXPECT_EQ(p.EstadoPantalla, 2);
-    EXPECT_EQ(p.ColorIndicador, 12);
-    EXPECT_FALSE(p.EtiquetasLlamada);
-    EXPECT_TRUE(p.ListaConexiones);
+    EXPECT_EQ(fila(), std::tuple(2, 12, false, true));
     EXPECT_FALSE(Monitor().LlamadaAbierta());
 }
 
@@ -117,18 +106,14 @@ TEST_F(Estados, MuchosTicksConectadosInicianUnaVez) {
     EXPECT_TRUE(Monitor().Pantalla().MenuDesconectar);
 }
 
-TEST_F(Estados, SinOpcionesNoSeLanzaNadaAlConectar) {
+TEST_F(Estados, UnEnlaceYaLevantadoAlArrancarEsUnaLlamada) {
+    registro.fecha = Miercoles(9, 40, 12);   // subio antes de abrir el programa
     ajustes.Programas = {"/usr/bin/correo"}; // lista sin la opcion marcada
-    const auto s = Ticks(2, kConectado);
+    const auto s = Tick(kConectado, "Casa");
+    EXPECT_EQ(Cuenta(s, Tipo::LlamadaIniciada), 1);
     EXPECT_EQ(Cuenta(s, Tipo::LanzarPrograma), 0);
     EXPECT_EQ(Cuenta(s, Tipo::MostrarMini), 0);
     EXPECT_TRUE(Sonidos(s).empty());
-}
-
-TEST_F(Estados, UnEnlaceYaLevantadoAlArrancarEsUnaLlamada) {
-    registro.fecha = Miercoles(9, 40, 12); // subio antes de abrir el programa
-    const auto s = Tick(kConectado, "Casa");
-    EXPECT_EQ(Cuenta(s, Tipo::LlamadaIniciada), 1);
     EXPECT_EQ(Monitor().InicioLlamada(), reloj.Ahora());
     ASSERT_EQ(pendientes.Count(), 1);
     EXPECT_EQ(pendientes.Item(1).fecha(), Miercoles(9, 40, 12));

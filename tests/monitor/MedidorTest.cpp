@@ -20,6 +20,7 @@ protected:
 };
 
 TEST_F(Medidor, TasaDesdeElInicioHastaAhora) {
+    bono.DarAlta(0, Fecha::Crear(2024, 3, 1)); // sin descuento BonoNet no se toca
     Empezar();
     EXPECT_EQ(P().Tiempo, "00:00:00");
     EXPECT_EQ(P().Gasto, "0.00");
@@ -28,6 +29,8 @@ TEST_F(Medidor, TasaDesdeElInicioHastaAhora) {
     EXPECT_EQ(P().Gasto, "6.00"); // 6 el minuto en banda normal
     EXPECT_EQ(P().Tarifa, "Normal");
     EXPECT_EQ(P().Bono, "");
+    EXPECT_EQ(P().BonoGastado, "");
+    EXPECT_EQ(P().BonoQueda, "");
     EXPECT_EQ(P().ColorTiempo, 0);
     EXPECT_EQ(P().PuntaBandeja, "Vorimesk  Conectado a Casa\n00:01:00  6.00  Normal");
     EXPECT_FLOAT_EQ(Monitor().Medida().importe, 6.0f);
@@ -111,15 +114,6 @@ TEST_F(Medidor, ConBonoNetGastaUnaCopiaDelLibroDeBonos) {
     Monitor().GrupoBono(cBono::kGrupoNoche);
     Ticks(1, kConectado);
     EXPECT_EQ(P().BonoQueda, "00:00:00");
-}
-
-TEST_F(Medidor, SinDescuentoBonoNetNoSeTocaElBono) {
-    bono.DarAlta(0, Fecha::Crear(2024, 3, 1));
-    Empezar();
-    Ticks(60, kConectado);
-    EXPECT_EQ(P().Gasto, "6.00");
-    EXPECT_EQ(P().BonoGastado, "");
-    EXPECT_EQ(P().BonoQueda, "");
 }
 
 TEST_F(Medidor, ElAvisoDeTiempoSuenaUnaVezPorArmado) {

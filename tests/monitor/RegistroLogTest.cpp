@@ -18,7 +18,6 @@ constexpr int kDesconectado = LecturaConexion::kDesconectado;
 class ConRegistro : public CarpetaTemporal {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
         EscribirLibro(dir);
         log = std::make_unique<Log>(dir);
         log->NombreLog((dir / "modemlog.txt").string());

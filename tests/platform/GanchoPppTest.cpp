@@ -1,17 +1,16 @@
 // The pppd hook run as pppd runs it: its lines must be exactly those of the
 // program's own formatter, in the columns the log reader cuts.
 
+#include "GanchoPpp.h"
+
 #include "CarpetaTemporal.h"
 #include "core/Reloj.h"
 #include "platform/LineasModemLog.h"
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <set>
-#include <spawn.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -19,38 +18,6 @@ namespace fs = std::filesystem;
 namespace {
 
 using Entorno = std::vector<std::string>;
-
-fs::path Gancho() {
-    const char* fuentes = std::getenv("VORIMESK_FUENTES");
-    return fs::path(fuentes ? fuentes : VORIMESK_FUENTES_COMPILADAS) / "data" / "ppp" / "vorimesk";
-}
-
-pid_t Lanzar(const fs::path& script, const std::vector<std::string>& args, Entorno entorno) {
-    entorno.push_back("PATH=/usr/sbin:/usr/bin:/sbin:/bin");
-    if (const char* tz = std::getenv("TZ")) {
-        entorno.push_back(std::string("TZ=") + tz);
-    }
-    std::vector<std::string> todos{script.string()};
-    todos.insert(todos.end(), args.begin(), args.end());
-    std::vector<char*> argv, envp;
-    for (auto& a : todos) {
-        argv.push_back(a.data());
-    }
-    for (auto& e : entorno) {
-        envp.push_back(e.data());
-    }
-    argv.push_back(nullptr);
-    envp.push_back(nullptr);
-    pid_t pid = 0;
-    EXPECT_EQ(::posix_spawn(&pid, argv[0], nullptr, nullptr, argv.data(), envp.data()), 0);
-    return pid;
-}
-
-int Esperar(pid_t pid) {
-    int estado = 0;
-    ::waitpid(pid, &estado, 0);
-    return WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
-}
 
 // The moment written in columns 1-19 of a log line.
 std::optional<Fecha> Sello(const std::string& linea) {
@@ -80,17 +47,12 @@ std::vector<std::string> Lineas(const std::string& texto) {
 class GanchoPpp : public prueba::CarpetaTemporal {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
-        // Installed as make install does: the same script in both folders.
-        for (const char* fase : {"ip-up.d", "ip-down.d"}) {
-            fs::create_directories(dir / fase);
-            fs::copy_file(Gancho(), dir / fase / "vorimesk");
-        }
+        prueba::InstalarGancho(dir);
         log = dir / "modemlog.txt";
     }
     int Ejecutar(const char* fase, const std::vector<std::string>& args, Entorno entorno) {
         entorno.push_back("VORIMESK_MODEMLOG=" + log.string());
-        return Esperar(Lanzar(dir / fase / "vorimesk", args, entorno));
+        return prueba::EsperarGancho(prueba::LanzarGancho(dir / fase / "vorimesk", args, entorno));
     }
     // Checks the columns of every line and returns the block's moment.
     Fecha Columnas(const std::string& texto) {
@@ -177,10 +139,11 @@ TEST_F(GanchoPpp, EnlacesQueTerminanALaVezNoMezclanSusLineas) {
     for (int i = 1; i <= kEnlaces; ++i) {
         Entorno e = {"BYTES_RCVD=" + std::to_string(i), "BYTES_SENT=" + std::to_string(i * 10),
                      "VORIMESK_MODEMLOG=" + log.string()};
-        hijos.push_back(Lanzar(dir / "ip-down.d" / "vorimesk", {"ppp" + std::to_string(i)}, e));
+        hijos.push_back(
+            prueba::LanzarGancho(dir / "ip-down.d" / "vorimesk", {"ppp" + std::to_string(i)}, e));
     }
     for (const pid_t h : hijos) {
-        EXPECT_EQ(Esperar(h), 0);
+        EXPECT_EQ(prueba::EsperarGancho(h), 0);
     }
     const auto lineas = Lineas(Leer(log));
     ASSERT_EQ(lineas.size(), 3u * kEnlaces);

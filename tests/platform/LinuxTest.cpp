@@ -14,7 +14,6 @@ namespace {
 class SistemaFalso : public prueba::CarpetaTemporal {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
         raices = {dir / "sys", dir / "proc", dir / "run", dir / "peers"};
         for (const auto& d : {raices.sys / "class" / "net", raices.proc, raices.run}) {
             fs::create_directories(d);

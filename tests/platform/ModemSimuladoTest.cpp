@@ -28,11 +28,6 @@ entrada vacaciones
 
 class Simulado : public prueba::CarpetaTemporal {
 protected:
-    Simulado() : reloj(kT0) {}
-    void SetUp() override {
-        CarpetaTemporal::SetUp();
-        log = dir / "modemlog.txt";
-    }
     ModemSimulado Crear(const char* texto = kGuion) {
         return ModemSimulado(Guion::Analizar(texto), reloj, log);
     }
@@ -48,8 +43,8 @@ protected:
     std::string Bajada(int segundo, Trafico t) { return BloqueBajada(kT0.MasSegundos(segundo), t); }
     std::string Log() { return fs::exists(log) ? Leer(log) : std::string("(sin log)"); }
 
-    RelojFijo reloj;
-    fs::path log;
+    RelojFijo reloj{kT0};
+    fs::path log = dir / "modemlog.txt";
 };
 
 TEST_F(Simulado, CodigosSegundoASegundoComoLosDaLinux) {

@@ -14,10 +14,7 @@ namespace {
 
 class ArchivoCopias : public CarpetaTemporal {
 protected:
-    void SetUp() override {
-        CarpetaTemporal::SetUp();
-        fs::create_directory(Carpeta());
-    }
+    void SetUp() override { fs::create_directory(Carpeta()); }
     fs::path Carpeta() const { return dir / "Copias"; }
 
     // One call a day from the given day on, at 10:00 plus i minutes.

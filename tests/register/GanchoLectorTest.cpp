@@ -3,16 +3,14 @@
 // kept until the link is down.
 
 #include "CarpetaTemporal.h"
+#include "GanchoPpp.h"
 #include "core/cTiempo.h"
 #include "register/Log.h"
 #include "register/LogModem.h"
 #include "tariff/LibroPorDefecto.h"
 #include "tariff/cLlamada.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -20,42 +18,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path Gancho() {
-    const char* fuentes = std::getenv("VORIMESK_FUENTES");
-    return fs::path(fuentes ? fuentes : VORIMESK_FUENTES_COMPILADAS) / "data" / "ppp" / "vorimesk";
-}
-
-// Runs the script as pppd does: its arguments and a bare environment.
-int Ejecutar(const fs::path& script, std::vector<std::string> entorno) {
-    std::vector<std::string> args = {script.string(), "ppp0",     "/dev/ttyS0", "115200",
-                                     "10.0.0.2",      "10.0.0.1", "casa"};
-    entorno.push_back("PATH=/usr/sbin:/usr/bin:/sbin:/bin");
-    std::vector<char*> argv, envp;
-    for (auto& a : args) {
-        argv.push_back(a.data());
-    }
-    for (auto& e : entorno) {
-        envp.push_back(e.data());
-    }
-    argv.push_back(nullptr);
-    envp.push_back(nullptr);
-    pid_t pid = 0;
-    if (::posix_spawn(&pid, argv[0], nullptr, nullptr, argv.data(), envp.data()) != 0) {
-        return -1;
-    }
-    int estado = 0;
-    ::waitpid(pid, &estado, 0);
-    return WIFEXITED(estado) ? WEXITSTATUS(estado) : -1;
-}
-
 class GanchoLector : public CarpetaTemporal {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
-        for (const char* fase : {"ip-up.d", "ip-down.d"}) {
-            fs::create_directories(dir / fase);
-            fs::copy_file(Gancho(), dir / fase / "vorimesk");
-        }
+        InstalarGancho(dir);
         cLlamada libro(dir);
         RellenarLibroPorDefecto(libro);
         libro.Save();
@@ -65,7 +31,9 @@ protected:
     fs::path ModemLog() const { return dir / "spool" / "modemlog.txt"; }
     int Fase(const char* fase, std::vector<std::string> entorno) {
         entorno.push_back("VORIMESK_MODEMLOG=" + ModemLog().string());
-        return Ejecutar(dir / fase / "vorimesk", std::move(entorno));
+        return EsperarGancho(LanzarGancho(
+            dir / fase / "vorimesk",
+            {"ppp0", "/dev/ttyS0", "115200", "10.0.0.2", "10.0.0.1", "casa"}, std::move(entorno)));
     }
     bool Añadir() { return log.AñadirLog(bono, {}, pendientes); }
 

@@ -10,10 +10,6 @@ namespace {
 
 class GraficoRegistroTest : public prueba::CarpetaTemporal {
 protected:
-    void SetUp() override {
-        prueba::CarpetaTemporal::SetUp();
-        registro = std::make_unique<Log>(dir);
-    }
     void Llamada(int año, int mes, int dia, const char* duracion, const char* importe = "10") {
         registro->AñadirItem(Fecha::Crear(año, mes, dia), Fecha::DesdeSegundos(3600 * 20), duracion,
                              importe, 1, "Metropolitana", "Casa", "", 0, 1, 1);
@@ -30,7 +26,7 @@ protected:
         return v;
     }
 
-    std::unique_ptr<Log> registro;
+    std::unique_ptr<Log> registro = std::make_unique<Log>(dir);
     Fecha hoy = Fecha::Crear(2026, 3, 20);
 };
 

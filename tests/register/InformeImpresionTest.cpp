@@ -1,11 +1,13 @@
 #include "register/InformeImpresion.h"
 
 #include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "tariff/cLlamada.h"
 
 #include <gtest/gtest.h>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 
@@ -52,23 +54,12 @@ TEST(InformeRegistro, SinFilasSoloCabecera) {
     EXPECT_EQ(TextoInforme({"a", "", "b"}), "a\r\n\r\nb\r\n");
 }
 
-class InformeTarifasTest : public prueba::CarpetaTemporal {};
+using InformeTarifasTest = CarpetaTemporal;
 
 TEST_F(InformeTarifasTest, CortesDeTresYCincoYColumnaCuarenta) {
     cLlamada libro(dir);
-    libro.Add();
-    libro.Valor(0, "Nombre", "Larga");
-    libro.Valor(0, "Conexion.Importe", "11.72");
-    libro.Valor(0, "Conexion.Tiempo", "00:03:00");
-    for (const char* d : {"Semana", "Sabado", "Festivo"}) {
-        const std::string dia = d;
-        libro.Valor(0, dia + ".Normal.Importe", "1234.5");
-        libro.Valor(0, dia + ".Normal.Inicio", "08:00:00");
-        libro.Valor(0, dia + ".Normal.Fin", "17:59:59");
-        libro.Valor(0, dia + ".Reducida.Importe", "1.04");
-        libro.Valor(0, dia + ".Reducida.Inicio", "18:00:00");
-        libro.Valor(0, dia + ".Reducida.Fin", "07:59:59");
-    }
+    const Dia dia = Laborable("1234.5", "1.04");
+    PonerTarifa(libro, "Larga", "11.72", "00:03:00", dia, dia, dia);
     const auto l = InformeTarifas(libro);
     ASSERT_EQ(l.size(), 3u + 3u + 6u);
     EXPECT_EQ(l[0], "");

@@ -4,6 +4,7 @@
 // pppd hook writes too.
 
 #include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
 #include "platform/LineasModemLog.h"
@@ -57,7 +58,6 @@ std::string ConFinales(const std::string& crlf, const std::string& fin) {
 class LeerModemLog : public CarpetaTemporal {
 protected:
     void SetUp() override {
-        CarpetaTemporal::SetUp();
         cLlamada libro(dir);
         RellenarLibroPorDefecto(libro);
         libro.Save();
@@ -82,6 +82,7 @@ protected:
     colConexion pendientes;
 };
 
+// Every line end the reader meets; the other tests write CR LF.
 class LineasDelLog : public LeerModemLog, public ::testing::WithParamInterface<const char*> {
 protected:
     void EscribirLog(const std::string& crlf) {
@@ -106,30 +107,23 @@ TEST_P(LineasDelLog, UnaSesionCompletaDaUnaLlamadaPreciadaYBorraElLog) {
 
     ASSERT_TRUE(Añadir());
     ASSERT_EQ(log.Count(), 2);
-    EXPECT_EQ(log.Dia(1), Fecha::Crear(2026, 3, 2));
-    EXPECT_EQ(log.Hora(1), Fecha::DesdeSegundos(10 * 3600));
-    EXPECT_EQ(log.Duracion(1), "00:10:00");
-    EXPECT_EQ(log.importe(1), "36.72"); // 11.72 + 10 min at 2.5
-    EXPECT_EQ(log.Tipo(1), 0);
-    EXPECT_EQ(log.Tarifa(1), "Metropolitana");
-    EXPECT_EQ(log.Conexion(1), "Casa");
-    EXPECT_EQ(log.Reservada(1), "");
-    EXPECT_EQ(log.Bono(1), 0);
-    EXPECT_EQ(log.Recibidos(1), 2); // 1536 bytes = 1.5 KB, to even
-    EXPECT_EQ(log.Enviados(1), 2);  // 2560 bytes = 2.5 KB, to even
+    // 11.72 + 10 min at 2.5; 1536 and 2560 bytes are 1.5 and 2.5 KB, to even.
+    EXPECT_EQ(log.Registro(1),
+              RegistroLlamada::Crear(Fecha::Crear(2026, 3, 2), Fecha::DesdeSegundos(10 * 3600),
+                                     "00:10:00", "36.72", 0, "Metropolitana", "Casa", "", 0, 2, 2));
     EXPECT_FALSE(Existe(ModemLog()));
     EXPECT_EQ(pendientes.Count(), 0) << "every pending connection goes, matched or not";
     EXPECT_EQ(log.importe(0), "125") << "the calls already there stay";
 }
 
-TEST_P(LineasDelLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
+TEST_F(LeerModemLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
     UnaLlamadaPrevia();
     bono.DarAlta(0, Fecha::Crear(2026, 3, 1));
     Pendiente(Lunes(10, 0), "BonoNet", "BonoNet", "Casa");
     const std::string completa = Sesion(Lunes(10, 0), Lunes(10, 30));
 
     // Only "in use" of the next session.
-    EscribirLog(completa + LineaModemLog(Lunes(11, 0), "Modem in use: ppp0"));
+    Escribir(ModemLog(), completa + LineaModemLog(Lunes(11, 0), "Modem in use: ppp0"));
     EXPECT_FALSE(Añadir());
     EXPECT_EQ(log.Count(), 1);
     EXPECT_EQ(bono.tiempo(0), "10:00:00") << "the dropped call used no bundle time";
@@ -137,12 +131,12 @@ TEST_P(LineasDelLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
     EXPECT_EQ(pendientes.Count(), 1);
 
     // The link came up and is still up.
-    EscribirLog(completa + Subida(Lunes(11, 0)));
+    Escribir(ModemLog(), completa + Subida(Lunes(11, 0)));
     EXPECT_FALSE(Añadir());
     EXPECT_EQ(log.Count(), 1);
 
     // Once the hook has written the end, the whole log is taken in one run.
-    EscribirLog(completa + Subida(Lunes(11, 0)) + Bajada(Lunes(11, 5)));
+    Escribir(ModemLog(), completa + Subida(Lunes(11, 0)) + Bajada(Lunes(11, 5)));
     EXPECT_TRUE(Añadir());
     EXPECT_EQ(log.Count(), 3);
     EXPECT_EQ(bono.tiempo(0), "09:25:00");
@@ -168,12 +162,12 @@ TEST_P(LineasDelLog, LineasSinClaveTrasUnaSesionRepitenSuLlamada) {
     EXPECT_EQ(log.Hora(6), Fecha::DesdeSegundos(13 * 3600));
 }
 
-TEST_P(LineasDelLog, SinConexionPendienteSeTarificaConBonoYConservaLaConexionAnterior) {
+TEST_F(LeerModemLog, SinConexionPendienteSeTarificaConBonoYConservaLaConexionAnterior) {
     bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA
     Pendiente(Lunes(12, 0), "Provincial", "Ninguno", "Oficina");
-    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 30)) + // none pending, first of the run
-                Sesion(Lunes(12, 0), Lunes(12, 1)) +  // Oficina
-                Sesion(Lunes(14, 0), Lunes(14, 30))); // none pending again
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 30)) +     // none pending, first of the run
+                             Sesion(Lunes(12, 0), Lunes(12, 1)) +  // Oficina
+                             Sesion(Lunes(14, 0), Lunes(14, 30))); // none pending again
     ASSERT_TRUE(Añadir());
     ASSERT_EQ(log.Count(), 3);
 
@@ -193,9 +187,9 @@ TEST_P(LineasDelLog, SinConexionPendienteSeTarificaConBonoYConservaLaConexionAnt
     EXPECT_EQ(bono.tiempo(0), "09:00:00");
 }
 
-TEST_P(LineasDelLog, BytesEnKilobytesRedondeadosAPar) {
-    EscribirLog(Sesion(Lunes(10, 0), Lunes(10, 1), 3584, 1535) +           // 3.5 and 1.499
-                Sesion(Lunes(11, 0), Lunes(11, 1), 0, 2048 * 1024 + 512)); // 2048.5
+TEST_F(LeerModemLog, BytesEnKilobytesRedondeadosAPar) {
+    Escribir(ModemLog(), Sesion(Lunes(10, 0), Lunes(10, 1), 3584, 1535) + // 3.5 and 1.499
+                             Sesion(Lunes(11, 0), Lunes(11, 1), 0, 2048 * 1024 + 512)); // 2048.5
     ASSERT_TRUE(Añadir());
     EXPECT_EQ(log.Recibidos(0), 4);
     EXPECT_EQ(log.Enviados(0), 1);
@@ -351,25 +345,14 @@ TEST_F(LeerModemLog, ModificarLogSoloReescribeImporteTipoYBono) {
     {
         cLlamada libro(dir);
         libro.Load();
-        libro.Add();
-        const auto i = static_cast<std::int16_t>(libro.Count() - 1);
-        libro.Valor(i, "Nombre", "SinReducida");
-        libro.Valor(i, "Conexion.Importe", "10");
-        for (const char* d : {"Semana", "Sabado", "Festivo"}) {
-            libro.Valor(i, std::string(d) + ".Normal.Importe", "6");
-            libro.Valor(i, std::string(d) + ".Normal.Inicio", "08:00:00");
-            libro.Valor(i, std::string(d) + ".Normal.Fin", "17:59:59");
-            libro.Valor(i, std::string(d) + ".Reducida.Importe", "3");
-            libro.Valor(i, std::string(d) + ".Reducida.Inicio", "00:00:00");
-            libro.Valor(i, std::string(d) + ".Reducida.Fin", "00:00:00");
-        }
+        const Dia d{{"6", "08:00:00", "17:59:59"}, {"3", "00:00:00", "00:00:00"}};
+        PonerTarifa(libro, "SinReducida", "10", "00:00:00", d, d, d);
         libro.Save();
     }
     const auto Registro = [](Fecha dia, std::int32_t hora, const char* duracion, const char* tarifa,
                              const char* conexion, const char* reservada) {
-        RegistroLlamada r = RegistroLlamada::Crear(dia, Fecha::DesdeSegundos(hora), duracion, "999",
-                                                   7, tarifa, conexion, reservada, 0, 123456, -5);
-        return r;
+        return RegistroLlamada::Crear(dia, Fecha::DesdeSegundos(hora), duracion, "999", 7, tarifa,
+                                      conexion, reservada, 0, 123456, -5);
     };
     log.AñadirItem(
         Registro(Lunes(0, 0), 10 * 3600, "00:10:00", "Metropolitana", "Telefónica", "reservado!"));

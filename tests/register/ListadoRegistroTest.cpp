@@ -12,7 +12,6 @@ namespace {
 class ListadoRegistroTest : public prueba::CarpetaTemporal {
 protected:
     void SetUp() override {
-        prueba::CarpetaTemporal::SetUp();
         registro = std::make_unique<Log>(dir);
         // lunes 2 de marzo de 2026 ... domingo 8 de marzo
         Llamada(Fecha::Crear(2026, 3, 2), "09:00:00", "00:05:00", "100", 0, 0);

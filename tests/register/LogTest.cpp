@@ -90,31 +90,28 @@ TEST_F(RegistroLog, CamposEnElLimiteDeSuAnchuraSeGuardanComoAMano) {
                    0, 0, -1);
     log.SalvarLog();
 
-    CamposAMano a;
-    a.dia = 36479.0;
-    a.hora = (14 * 3600 + 5 * 60) / 86400.0;
-    a.duracion = "12:34:56";
-    a.importe = "12345678";
-    a.tipo = 255;
-    a.tarifa = "ABCDEFGHIJKLMNOP";
-    a.conexion = "Conexion de casa";
-    a.reservada = "0123456789";
-    a.bono = -1;
-    a.recibidos = INT32_MAX;
-    a.enviados = INT32_MIN;
-    CamposAMano b;
-    b.dia = Fecha::Crear(2030, 1, 2).AOle();
-    b.hora = (23 * 3600 + 59 * 60 + 59) / 86400.0;
-    b.duracion = "1:30";
-    b.importe = " 9,5";
-    b.tipo = 1;
-    b.tarifa = "Telef\xF3nica Tarif";
-    b.conexion = "\xD1"
-                 "and\xFA \x80\x80\x80\x80\x80\x80\x80\x80\x80\x80";
-    b.reservada = "reservado ";
-    b.bono = 0;
-    b.recibidos = 0;
-    b.enviados = -1;
+    const CamposAMano a{.dia = 36479.0,
+                        .hora = (14 * 3600 + 5 * 60) / 86400.0,
+                        .duracion = "12:34:56",
+                        .importe = "12345678",
+                        .tipo = 255,
+                        .tarifa = "ABCDEFGHIJKLMNOP",
+                        .conexion = "Conexion de casa",
+                        .reservada = "0123456789",
+                        .bono = -1,
+                        .recibidos = INT32_MAX,
+                        .enviados = INT32_MIN};
+    const CamposAMano b{.dia = Fecha::Crear(2030, 1, 2).AOle(),
+                        .hora = (23 * 3600 + 59 * 60 + 59) / 86400.0,
+                        .duracion = "1:30",
+                        .importe = " 9,5",
+                        .tipo = 1,
+                        .tarifa = "Telef\xF3nica Tarif",
+                        .conexion = "\xD1"
+                                    "and\xFA \x80\x80\x80\x80\x80\x80\x80\x80\x80\x80",
+                        .reservada = "reservado ",
+                        .recibidos = 0,
+                        .enviados = -1};
     EXPECT_EQ(Leer(Registro()), RegistroAMano(a) + RegistroAMano(b));
 
     // Read back: texts cut and trimmed, Duracion as stored, the band -1.
@@ -138,15 +135,11 @@ TEST_F(RegistroLog, CamposEnElLimiteDeSuAnchuraSeGuardanComoAMano) {
 TEST_F(RegistroLog, CargarYSalvarDevuelveCadaByte) {
     // Bits no conversion of ours would produce: a start time that is not a
     // whole second, NULs in the reserved field, bytes of every value.
-    CamposAMano a;
-    a.hora = 0.58680555555555558;
-    a.reservada = std::string(10, '\0');
-    a.tarifa = std::string("\x01\x7F\x81\x8D\x8F\x90\x9D\xA0\xFF") + "\t";
-    CamposAMano b = Dia(-1.25);
-    b.duracion = "";
-    b.importe = "\xFF\xFE";
-    b.tipo = 7;
-    b.bono = 12345;
+    const CamposAMano a{.hora = 0.58680555555555558,
+                        .tarifa = std::string("\x01\x7F\x81\x8D\x8F\x90\x9D\xA0\xFF") + "\t",
+                        .reservada = std::string(10, '\0')};
+    const CamposAMano b{
+        .dia = -1.25, .duracion = "", .importe = "\xFF\xFE", .tipo = 7, .bono = 12345};
     const std::string original = Llamadas({a, b, Dia(2958465.99999)});
     Escribir(Registro(), original);
     Log log = Cargado();

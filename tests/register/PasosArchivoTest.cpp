@@ -33,6 +33,16 @@ TEST(PasosArchivo, AperturaYEleccionDeAccion) {
     p.ElegirAccion(PasosArchivo::kVer);
     EXPECT_EQ(Estado(p), "Accion 1 [Paso 1] -S-");
     EXPECT_TRUE(p.GuardarAntes()); // guardar antes de recuperar, por defecto
+
+    // La accion solo se cambia en la primera pagina.
+    p.ElegirAccion(PasosArchivo::kBorrar);
+    p.Avanzar();
+    p.ElegirAccion(PasosArchivo::kArchivar);
+    EXPECT_EQ(p.Accion(), PasosArchivo::kBorrar);
+    p.Retroceder();
+    p.ElegirAccion(PasosArchivo::kArchivar);
+    p.Avanzar();
+    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS-");
 }
 
 TEST(PasosArchivo, ArchivarCuatroPasosYVueltaAtras) {
@@ -116,17 +126,6 @@ TEST(PasosArchivo, BorrarSoloTerminaConSi) {
     EXPECT_EQ(Estado(p), "Confirmar 3 [Paso 3 de 3] A-F");
     p.ConfirmarBorrado(false);
     EXPECT_EQ(Estado(p), "Confirmar 3 [Paso 3 de 3] A--");
-}
-
-TEST(PasosArchivo, AccionSoloSeCambiaEnLaPrimeraPagina) {
-    PasosArchivo p = Con(PasosArchivo::kBorrar);
-    p.Avanzar();
-    p.ElegirAccion(PasosArchivo::kArchivar);
-    EXPECT_EQ(p.Accion(), PasosArchivo::kBorrar);
-    p.Retroceder();
-    p.ElegirAccion(PasosArchivo::kArchivar);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS-");
 }
 
 class RangoArchivoTest : public prueba::CarpetaTemporal {

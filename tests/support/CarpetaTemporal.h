@@ -1,10 +1,12 @@
 #pragma once
-// A fresh folder per test, removed afterwards, with small file helpers.
+// A fresh folder per test, removed afterwards, with small file helpers. The
+// folder exists from construction on, so fixture members can be built on it.
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <unistd.h>
 
@@ -12,13 +14,15 @@ namespace vorimesk::prueba {
 
 class CarpetaTemporal : public ::testing::Test {
 protected:
-    void SetUp() override {
+    CarpetaTemporal() {
         std::string plantilla =
             (std::filesystem::temp_directory_path() / "vorimesk-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(plantilla.data()), nullptr);
+        if (::mkdtemp(plantilla.data()) == nullptr) {
+            throw std::runtime_error("no se pudo crear la carpeta temporal");
+        }
         dir = plantilla;
     }
-    void TearDown() override {
+    ~CarpetaTemporal() override {
         std::error_code ec;
         std::filesystem::permissions(dir, std::filesystem::perms::owner_all, ec);
         std::filesystem::remove_all(dir, ec);

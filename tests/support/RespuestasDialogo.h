@@ -10,12 +10,14 @@
 #include <QTimer>
 #include <deque>
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace vorimesk::prueba {
 
 struct CajaVista {
     QString titulo;
     QString texto;
+    QString detalle; // the informative text under it
 };
 
 class RespuestasDialogo {
@@ -52,6 +54,21 @@ public:
             return false;
         });
     }
+    // The next message box gets its button with this text.
+    void Pulsar(const QString& texto) {
+        acciones_.push_back([texto](QWidget* w) {
+            auto* caja = qobject_cast<QMessageBox*>(w);
+            for (QAbstractButton* b : caja ? caja->buttons() : QList<QAbstractButton*>()) {
+                if (b->text() == texto) {
+                    b->click();
+                    return true;
+                }
+            }
+            ADD_FAILURE() << "no hay un boton " << texto.toStdString();
+            QMetaObject::invokeMethod(w, "reject", Qt::QueuedConnection);
+            return false;
+        });
+    }
     // The next modal dialog is handed to `accion`, which must close it.
     void Con(std::function<void(QWidget*)> accion) {
         acciones_.push_back([accion](QWidget* w) {
@@ -70,9 +87,9 @@ private:
             return;
         }
         if (auto* caja = qobject_cast<QMessageBox*>(modal)) {
-            vistas_.push_back({caja->windowTitle(), caja->text()});
+            vistas_.push_back({caja->windowTitle(), caja->text(), caja->informativeText()});
         } else {
-            vistas_.push_back({modal->windowTitle(), {}});
+            vistas_.push_back({modal->windowTitle(), {}, {}});
         }
         if (acciones_.empty()) {
             // Unexpected: close it so the test does not hang, and let it see

@@ -1,4 +1,5 @@
-#include "Apoyo.h"
+#include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/Errores.h"
 #include "tariff/cBono.h"
 
@@ -126,6 +127,13 @@ TEST_F(BonoNet, UnaLlamadaQueCabeEnElBonoSoloPagaElEstablecimiento) {
     libro.TraspasarBono(programa);
     EXPECT_EQ(programa.tiempo(0), "09:00:00");
     EXPECT_EQ(programa.TiempoGastadoGrupo(0), "01:00:00");
+
+    // Without the ledger nothing is discounted, nor handed over after.
+    libro.Datos(Lunes(10, 0), Lunes(10, 1), nullptr, "Local");
+    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 60));
+    EXPECT_EQ(libro.SegundosBono(), 0);
+    libro.TraspasarBono(programa);
+    EXPECT_EQ(programa.tiempo(0), "09:00:00");
 }
 
 TEST_F(BonoNet, ElBonoSeAcabaEnMitadDeUnTramo) {
@@ -140,17 +148,6 @@ TEST_F(BonoNet, ElBonoSeAcabaEnMitadDeUnTramo) {
     // El bono de dia no cubre la noche: de 17:59 a 18:01 solo el primer minuto.
     libro.Datos(Lunes(17, 59), Lunes(18, 1), &programa, "Local");
     EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 30) + Tramo(1.5, 60));
-}
-
-TEST_F(BonoNet, SinLibroDeBonosNoSeDescuentaNada) {
-    cBono programa;
-    programa.DarAlta(0, Fecha::Crear(2026, 3, 1));
-    libro.Datos(Lunes(10, 0), Lunes(10, 1), &programa, "Local");
-    libro.Datos(Lunes(10, 0), Lunes(10, 1), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 60));
-    EXPECT_EQ(libro.SegundosBono(), 0);
-    libro.TraspasarBono(programa); // no hay nada que traspasar
-    EXPECT_EQ(programa.tiempo(0), "10:00:00");
 }
 
 TEST_F(BonoNet, UnaLlamadaEntreDosPeriodosEstrenaBonos) {

@@ -1,6 +1,7 @@
 #include "tariff/LibroEditable.h"
 
-#include "Apoyo.h"
+#include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/Archivo.h"
 #include "core/CampoFijo.h"
 #include "core/Errores.h"

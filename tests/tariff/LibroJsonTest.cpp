@@ -1,6 +1,7 @@
 #include "tariff/LibroJson.h"
 
-#include "Apoyo.h"
+#include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/Archivo.h"
 #include "tariff/LibroPorDefecto.h"
 

@@ -1,6 +1,7 @@
 #include "tariff/MapaDia.h"
 
-#include "Apoyo.h"
+#include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/Fecha.h"
 
 #include <random>

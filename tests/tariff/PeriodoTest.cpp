@@ -29,33 +29,25 @@ using V = std::vector<std::string>;
 
 } // namespace
 
-TEST(Periodo, ImparBimensualConLaLlamadaAntesDelLimite) {
+TEST(Periodo, LimitesSegunDiaEIntervalo) {
+    // Impar bimensual con la llamada antes del limite.
     EXPECT_EQ(
         Periodos(20, 2, Fecha::Crear(2026, 3, 25, 10, 0, 0), Fecha::Crear(2026, 3, 25, 11, 0, 0)),
         V{"25/03/2026 10:00:00 - 25/03/2026 11:00:00"});
-}
-
-TEST(Periodo, ParBimensualYPeriodosSiguientes) {
+    // Par bimensual y periodos siguientes; un rango que acaba en un limite
+    // termina en el fin del rango.
     EXPECT_EQ(Periodos(15, 1, Fecha::Crear(2026, 1, 10), Fecha::Crear(2026, 6, 1, 12, 0, 0)),
               (V{"10/01/2026 - 15/02/2026 23:59:59", "16/02/2026 - 15/04/2026",
                  "16/04/2026 - 01/06/2026 12:00:00"}));
-}
-
-TEST(Periodo, ElPrimerLimiteMensualEsElPropioDia) {
+    EXPECT_EQ(Periodos(15, 1, Fecha::Crear(2026, 1, 10), Fecha::Crear(2026, 4, 16)),
+              (V{"10/01/2026 - 15/02/2026 23:59:59", "16/02/2026 - 16/04/2026"}));
+    // El primer limite mensual es el propio dia; pasado el dia de factura, el
+    // dia 1 del mes siguiente.
     EXPECT_EQ(Periodos(20, 0, Fecha::Crear(2026, 3, 10, 9, 0, 0), Fecha::Crear(2026, 5, 1)),
               (V{"10/03/2026 09:00:00 - 10/03/2026 23:59:59", "11/03/2026 - 10/04/2026",
                  "11/04/2026 - 01/05/2026"}));
-    // Pasado el dia de factura, el limite es el dia 1 del mes siguiente.
     EXPECT_EQ(Periodos(20, 0, Fecha::Crear(2026, 3, 25), Fecha::Crear(2026, 4, 10)),
               (V{"25/03/2026 - 01/04/2026 23:59:59", "02/04/2026 - 10/04/2026"}));
-}
-
-TEST(Periodo, UnRangoQueAcabaEnUnLimiteTerminaEnElFinDelRango) {
-    EXPECT_EQ(Periodos(15, 1, Fecha::Crear(2026, 1, 10), Fecha::Crear(2026, 4, 16)),
-              (V{"10/01/2026 - 15/02/2026 23:59:59", "16/02/2026 - 16/04/2026"}));
-}
-
-TEST(Periodo, DiasQueSePasanDelMesYCambioDeAño) {
     // Dia 31 en un mes de 30 se va al dia 1 del siguiente; el mes 13 es enero.
     EXPECT_EQ(Periodos(31, 1, Fecha::Crear(2026, 4, 2), Fecha::Crear(2026, 5, 1)),
               V{"02/04/2026 - 01/05/2026"});

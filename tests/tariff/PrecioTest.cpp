@@ -1,4 +1,5 @@
-#include "Apoyo.h"
+#include "CarpetaTemporal.h"
+#include "TarifaAMano.h"
 #include "core/Archivo.h"
 
 using namespace vorimesk;

@@ -17,21 +17,6 @@ TEST(colConexion, BuscarComparaFechaYHoraYDevuelveElPrimero) {
     EXPECT_EQ(lista.Buscar(dia.MasSegundos(1)), nullptr);
     EXPECT_EQ(lista.Item("a").Descuento(), "BonoNet");
     EXPECT_EQ(lista.Item(3).Tarifa(), "Interprovincial");
-}
-
-TEST(colConexion, ClavesYPosiciones) {
-    colConexion lista;
-    lista.Add(Fecha(), "T", "D", "C", "k");
-    EXPECT_THROW(lista.Add(Fecha(), "T", "D", "C", "k"), ErrorClaveDuplicada);
-    lista.Add(Fecha(), "T2", "D", "C"); // sin clave: solo por posicion
-    EXPECT_EQ(lista.Count(), 2);
-    EXPECT_THROW(lista.Item(""), ErrorNoEncontrado);
-    EXPECT_THROW(lista.Item(3), ErrorNoEncontrado);
-    lista.Remove("k");
-    EXPECT_EQ(lista.Item(1).Tarifa(), "T2");
-    int n = 0;
-    for (const cConexion& c : lista) {
-        n += c.Tarifa() == "T2";
-    }
-    EXPECT_EQ(n, 1);
+    // Keys and positions are the keyed collection's, tested with colTiempo.
+    EXPECT_THROW(lista.Add(dia, "T", "D", "C", "a"), ErrorClaveDuplicada);
 }

@@ -1,17 +1,16 @@
 #include "ui/Lanzador.h"
 
-#include "ApoyoUi.h"
+#include "CarpetaTemporal.h"
 #include "core/Archivo.h"
 
 #include <QTest>
 
 using namespace vorimesk;
-using namespace prueba;
 namespace fs = std::filesystem;
 
 namespace {
 
-using LanzarEditor = CarpetaUi;
+using LanzarEditor = prueba::CarpetaTemporal;
 
 // A stand-in editor that writes down the arguments it was started with.
 void EditorFalso(const fs::path& ruta, const fs::path& apunte) {

@@ -3,6 +3,7 @@
 
 #include "CarpetaVentana.h"
 #include "RespuestasDialogo.h"
+#include "TarifaAMano.h"
 #include "register/Importe.h"
 #include "tariff/cLlamada.h"
 #include "ui/EditorTiempo.h"
@@ -162,16 +163,9 @@ TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
 
 TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     cLlamada libro(dir);
-    libro.Add();
-    libro.Valor(0, "Nombre", "Local");
-    libro.Valor(0, "Conexion.Importe", "11.72");
-    libro.Valor(0, "Conexion.Tiempo", "00:03:00");
-    libro.Valor(0, "Sabado.Normal.Importe", "2.5");
-    libro.Valor(0, "Sabado.Normal.Inicio", "08:00:00");
-    libro.Valor(0, "Sabado.Normal.Fin", "13:59:59");
-    libro.Valor(0, "Sabado.Reducida.Importe", "1.04");
-    libro.Valor(0, "Sabado.Reducida.Inicio", "14:00:00");
-    libro.Valor(0, "Sabado.Reducida.Fin", "07:59:59");
+    PonerTarifa(libro, "Local", "11.72", "00:03:00", Laborable("3", "1.5"),
+                {{"2.5", "08:00:00", "13:59:59"}, {"1.04", "14:00:00", "07:59:59"}},
+                TodoReducido("1"));
     libro.Add();
     libro.Valor(1, "Nombre", "Lejana");
     libro.Save();
@@ -181,22 +175,24 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     ASSERT_EQ(t.listTarifas->count(), 2);
     EXPECT_EQ(t.listTarifas->item(0)->text(), "Local");
     t.optSabado->click();
-    auto celda = [](QTableWidget* g, int f, int c) { return g->item(f, c)->text(); };
-    EXPECT_EQ(celda(t.gTarifas, 0, 0), "2.5");
-    EXPECT_EQ(celda(t.gTarifas, 0, 1), "08:00");
-    EXPECT_EQ(celda(t.gTarifas, 0, 2), "13:59");
-    EXPECT_EQ(celda(t.gTarifas, 1, 0), "1.04");
-    EXPECT_EQ(celda(t.gTarifas, 1, 1), "14:00");
-    EXPECT_EQ(celda(t.gTarifas, 1, 2), "07:59");
-    EXPECT_EQ(celda(t.gConexion, 0, 0), "11.72");
-    EXPECT_EQ(celda(t.gConexion, 1, 0), "00:03");
+    const auto celdas = [](QTableWidget* g) {
+        QStringList l;
+        for (int f = 0; f < g->rowCount(); ++f) {
+            for (int c = 0; c < g->columnCount(); ++c) {
+                l << g->item(f, c)->text();
+            }
+        }
+        return l;
+    };
+    EXPECT_EQ(celdas(t.gTarifas), (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
+    EXPECT_EQ(celdas(t.gConexion), (QStringList{"11.72", "00:03"}));
     EXPECT_EQ(t.gTarifas->verticalHeaderItem(1)->text(), "Reducida");
     EXPECT_EQ(t.gConexion->verticalHeaderItem(1)->text(), "Inicio");
     EXPECT_EQ(t.gTarifas->item(0, 0)->textAlignment(), int(Qt::AlignCenter));
     t.optSemana->click();
-    EXPECT_EQ(celda(t.gTarifas, 0, 0), ""); // the weekday was never set
-    t.listTarifas->setCurrentRow(1);
-    EXPECT_EQ(celda(t.gConexion, 0, 0), "");
+    EXPECT_EQ(celdas(t.gTarifas)[0], "3");
+    t.listTarifas->setCurrentRow(1); // a tariff with nothing written
+    EXPECT_EQ(celdas(t.gConexion)[0], "");
 
     // The editor changes the file; showing the tab again reads it.
     libro.Delete(1);
@@ -253,8 +249,6 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EXPECT_EQ(t.tiempo1->text(), "01:15:00");
     EXPECT_EQ(t.txtImpuestos->value(), 16);
     EXPECT_TRUE(t.Check7->isChecked());
-    EXPECT_EQ(t.Check7->text(), "Cargar al iniciar Windows.");
-    EXPECT_EQ(t.chkImpuestos->text(), "Añadir impuestos a los calculos.");
 
     // Showing the settings changes none of them.
     EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "1500");
