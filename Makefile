@@ -64,8 +64,8 @@ bench: build
 	    --benchmark_report_aggregates_only=true || exit 1; done
 
 screenshots: build
-	$(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots
-	QT_SCALE_FACTOR=2 $(BUILD)/tests/ui/capturas_ui $(BUILD)/screenshots/x2
+	$(BUILD)/tools/capturas/capturas_ui $(BUILD)/screenshots
+	QT_SCALE_FACTOR=2 $(BUILD)/tools/capturas/capturas_ui $(BUILD)/screenshots/x2
 
 # Every libFuzzer target of fuzz/, FUZZ_SEGUNDOS each, starting from the seed
 # files in fuzz/semillas/<target>/; new inputs and any failing ones stay in
