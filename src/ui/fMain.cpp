@@ -1,13 +1,10 @@
 #include "fMain.h"
 
-#include "ArrastreVentana.h"
 #include "Avisos.h"
-#include "BarraPrincipal.h"
 #include "Iconos.h"
 #include "Mensajes.h"
 #include "MenuBandeja.h"
 #include "ModeloRegistro.h"
-#include "PaletaColores.h"
 #include "PanelConexion.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
@@ -30,8 +27,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QListWidget>
-#include <QMenu>
 #include <QProcess>
 #include <QSettings>
 #include <QStatusBar>
