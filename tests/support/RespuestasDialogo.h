@@ -69,13 +69,6 @@ public:
             return false;
         });
     }
-    // The next modal dialog is handed to `accion`, which must close it.
-    void Con(std::function<void(QWidget*)> accion) {
-        acciones_.push_back([accion](QWidget* w) {
-            accion(w);
-            return true;
-        });
-    }
 
     const std::vector<CajaVista>& Vistas() const { return vistas_; }
     bool Pendientes() const { return !acciones_.empty(); }
