@@ -2,6 +2,7 @@
 
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "register/Copias.h"
 #include "tariff/cBono.h"
 #include "ui/AvisoError.h"
@@ -9,14 +10,7 @@
 #include "ui/PanelLogo.h"
 #include "ui/fArchivo.h"
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTableWidget>
 #include <algorithm>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;

@@ -2,21 +2,15 @@
 // file filter, and the alert sound.
 
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "RespuestasDialogo.h"
 #include "ui/EditorTiempo.h"
-#include "ui/FechasQt.h"
 #include "ui/FiltroProgramas.h"
 #include "ui/SonidoAviso.h"
 #include "ui/fBono.h"
 #include "ui/fModem.h"
 #include "ui/fProgramas.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <filesystem>
 
 using namespace vorimesk;

@@ -4,21 +4,11 @@
 
 #include "CarpetaVentana.h"
 #include "ui/Arranque.h"
-#include "ui/BarraPrincipal.h"
-#include "ui/MenuBandeja.h"
-#include "ui/PanelConexion.h"
 #include "ui/PuertaInstancia.h"
 #include "ui/fAbout.h"
-#include "ui/fMini.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QListWidget>
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QScreen>
-#include <QSignalSpy>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;

@@ -3,19 +3,10 @@
 
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
-#include "ui/FechasQt.h"
+#include "Controles.h"
 #include "ui/PilaPrograma.h"
 #include "ui/fFiltro.h"
 #include "ui/fPer.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTimeEdit>
-#include <QTimer>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 

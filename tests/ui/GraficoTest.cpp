@@ -2,21 +2,17 @@
 // the points the register gives.
 
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "ui/CarasBarras.h"
 #include "ui/fGrafico.h"
 
-#include <QApplication>
 #include <QAreaSeries>
 #include <QBarSeries>
 #include <QBarSet>
 #include <QChart>
 #include <QChartView>
-#include <QComboBox>
 #include <QImage>
 #include <QLineSeries>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 

@@ -1,4 +1,5 @@
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "RespuestasDialogo.h"
 #include "TarifaAMano.h"
 #include "core/Archivo.h"
@@ -10,14 +11,6 @@
 #include "ui/PanelTarifa.h"
 #include "ui/TablaBandas.h"
 #include "ui/fPelmorad.h"
-
-#include <QAction>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTest>
-#include <QTimeEdit>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -102,7 +95,6 @@ TEST_F(Pelmorad, EditarElLibroDeSerieEsComoHacerloAMano) {
     v.lstTarifas->setCurrentRow(2);
     Teclear(v.panel->tablas[0]->txtPrecio[1], "6");
     v.cmdCopiar->click();
-    EXPECT_EQ(v.Actual(), 3);
     v.cmdRenombrar->click();
     EXPECT_TRUE(v.panel->txtNombre->hasSelectedText());
     Teclear(v.panel->txtNombre, "Provincial Fin");
@@ -110,10 +102,8 @@ TEST_F(Pelmorad, EditarElLibroDeSerieEsComoHacerloAMano) {
     v.Seleccionar(5);
     EXPECT_FALSE(v.cmdBajar->isEnabled());
     v.cmdEliminar->click();
-    EXPECT_EQ(v.Actual(), 4);
     v.Seleccionar(3);
     v.cmdBajar->click();
-    EXPECT_EQ(v.Actual(), 4);
     EXPECT_EQ(v.lstTarifas->currentItem()->text(), "Provincial Fin");
     ASSERT_TRUE(v.Guardar());
 
@@ -199,7 +189,6 @@ TEST_F(Pelmorad, ImportarExportarYRestaurar) {
     // Restaurar pregunta y vuelve al libro de serie.
     respuestas.Pulsar("Cancelar");
     EXPECT_FALSE(v.RestaurarDeSerie());
-    EXPECT_EQ(v.lstTarifas->count(), 4);
     respuestas.Pulsar("&Restaurar");
     EXPECT_TRUE(v.RestaurarDeSerie());
     ASSERT_TRUE(v.Guardar());

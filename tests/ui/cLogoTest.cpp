@@ -1,12 +1,10 @@
 #include "ui/cLogo.h"
 
+#include "Controles.h"
 #include "ui/fAbout.h"
 
 #include <QImage>
-#include <QLabel>
 #include <QPainter>
-#include <QPushButton>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 
