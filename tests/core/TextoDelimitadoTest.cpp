@@ -22,41 +22,29 @@ TEST(DividirLineas, CadaFinDeLineaYSinLineaVaciaAlFinal) {
     EXPECT_EQ(DividirLineas("x\r"), (Lineas{"x"}));
 }
 
-TEST(CamposDeLinea, ComoLosLeeElLectorDeArchivosDeTexto) {
-    auto c = CamposDeLinea(R"(#1999-10-10#,"a, b",  7 ,,#TRUE#,"")");
-    ASSERT_EQ(c.size(), 6u);
-    EXPECT_EQ(c[0].clase, Clase::Literal);
-    EXPECT_EQ(c[0].valor, "1999-10-10");
-    EXPECT_EQ(c[1].clase, Clase::Texto);
-    EXPECT_EQ(c[1].valor, "a, b");
-    EXPECT_EQ(c[2].clase, Clase::Simple);
-    EXPECT_EQ(c[2].valor, "7");
-    EXPECT_EQ(c[3].clase, Clase::Vacio);
-    EXPECT_EQ(c[5].clase, Clase::Texto);
-    EXPECT_EQ(c[5].valor, "");
+// The fields of a line as "clase:valor|...": V empty, T text, L literal, S
+// anything else; a "!" marks a text with no closing quote.
+std::string Campos(std::string_view linea) {
+    std::string r;
+    for (const CampoDelimitado& c : CamposDeLinea(linea)) {
+        r += (r.empty() ? "" : "|") + std::string(1, "VTLS"[static_cast<int>(c.clase)]) +
+             (c.cerrado ? ":" : "!") + c.valor;
+    }
+    return r;
+}
 
+TEST(CamposDeLinea, ComoLosLeeElLectorDeArchivosDeTexto) {
+    EXPECT_EQ(Campos(R"(#1999-10-10#,"a, b",  7 ,,#TRUE#,"")"),
+              "L:1999-10-10|T:a, b|S:7|V:|L:TRUE|T:");
     // A quote inside a text cuts it; the rest up to the comma is dropped and
     // the fields behind keep their places.
-    c = CamposDeLinea(R"("dijo "hola" y",5)");
-    ASSERT_EQ(c.size(), 2u);
-    EXPECT_EQ(c[0].valor, "dijo ");
-    EXPECT_EQ(c[1].valor, "5");
-
-    c = CamposDeLinea("");
-    ASSERT_EQ(c.size(), 1u);
-    EXPECT_EQ(c[0].clase, Clase::Vacio);
-    c = CamposDeLinea("1,");
-    ASSERT_EQ(c.size(), 2u);
-    EXPECT_EQ(c[1].clase, Clase::Vacio);
-
-    c = CamposDeLinea(R"("sin cierre, sigue)");
-    ASSERT_EQ(c.size(), 1u);
-    EXPECT_FALSE(c[0].cerrado);
-    EXPECT_THROW(ComoTexto(c[0], 1), ErrorFormato);
-    c = CamposDeLinea("#2024-01-0,3");
-    ASSERT_EQ(c.size(), 2u);
-    EXPECT_EQ(c[0].clase, Clase::Simple);
-    EXPECT_THROW(ComoFecha(c[0], 1), ErrorFormato);
+    EXPECT_EQ(Campos(R"("dijo "hola" y",5)"), "T:dijo |S:5");
+    EXPECT_EQ(Campos(""), "V:");
+    EXPECT_EQ(Campos("1,"), "S:1|V:");
+    EXPECT_EQ(Campos(R"("sin cierre, sigue)"), "T!sin cierre, sigue");
+    EXPECT_EQ(Campos("#2024-01-0,3"), "S:#2024-01-0|S:3");
+    EXPECT_THROW(ComoTexto(CamposDeLinea(R"("sin cierre)").front(), 1), ErrorFormato);
+    EXPECT_THROW(ComoFecha(CamposDeLinea("#2024-01-0").front(), 1), ErrorFormato);
 }
 
 TEST(LiteralFecha, FechaHoraOAmbas) {

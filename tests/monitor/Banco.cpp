@@ -61,9 +61,20 @@ MonitorConexion::Sucesos BancoMonitor::Ticks(int n, int estado, const std::strin
     return todos;
 }
 
-int BancoMonitor::Cuenta(const MonitorConexion::Sucesos& s, SucesoMonitor::Tipo tipo) {
-    return static_cast<int>(
-        std::count_if(s.begin(), s.end(), [&](const SucesoMonitor& x) { return x.tipo == tipo; }));
+std::string BancoMonitor::Resumen(const MonitorConexion::Sucesos& s) {
+    const char* nombres[] = {"iniciada", "terminada", "sonar",     "programa", "mini",
+                             "anotadas", "rellenar",  "sinCerrar", "error",    "renovado"};
+    std::string r;
+    for (int tipo = 0; tipo < 10; ++tipo) {
+        const auto n = std::count_if(s.begin(), s.end(), [&](const SucesoMonitor& x) {
+            return static_cast<int>(x.tipo) == tipo;
+        });
+        if (n > 0) {
+            r += (r.empty() ? "" : " ") + std::string(nombres[tipo]) +
+                 (n > 1 ? "*" + std::to_string(n) : "");
+        }
+    }
+    return r;
 }
 
 std::vector<MotivoAviso> BancoMonitor::Sonidos(const MonitorConexion::Sucesos& s) {

@@ -75,7 +75,9 @@ protected:
     MonitorConexion::Sucesos Tick(int estado, const std::string& entrada = "Casa");
     // Ticks de un segundo en el mismo estado; devuelve todos los sucesos.
     MonitorConexion::Sucesos Ticks(int n, int estado, const std::string& entrada = "Casa");
-    static int Cuenta(const MonitorConexion::Sucesos& s, SucesoMonitor::Tipo tipo);
+    // The kinds of event in kind order, each with its count when above one:
+    // "iniciada programa*2 mini sonar".
+    static std::string Resumen(const MonitorConexion::Sucesos& s);
     static std::vector<MotivoAviso> Sonidos(const MonitorConexion::Sucesos& s);
 
     RelojFijo reloj{Miercoles()};

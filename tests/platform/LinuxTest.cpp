@@ -210,10 +210,14 @@ TEST_F(EntradasPpp, LosPeersSonLasEntradasSinCopiasNiOcultos) {
 
 class ModemsTty : public prueba::CarpetaTemporal {
 protected:
-    // A tty in sysfs whose "device" points at `dispositivo` below sys/devices.
-    void Tty(const std::string& nombre, const std::string& dispositivo) {
+    // A tty in sysfs whose "device" points at `dispositivo` below sys/devices,
+    // with its UART type when given.
+    void Tty(const std::string& nombre, const std::string& dispositivo, const char* tipo = "") {
         const fs::path clase = dir / "sys" / "class" / "tty" / nombre;
         fs::create_directories(clase);
+        if (*tipo != '\0') {
+            Escribir(clase / "type", tipo);
+        }
         if (!dispositivo.empty()) {
             fs::create_directories(dir / "sys" / "devices" / dispositivo);
             fs::create_directory_symlink(fs::path("../../../devices") / dispositivo,
@@ -228,12 +232,9 @@ protected:
 
 TEST_F(ModemsTty, SoloPuertosConModemYSuNombreDeModelo) {
     Tty("tty0", "");
-    Tty("ttyS0", "platform/serial8250/tty/ttyS0");
-    Escribir(dir / "sys" / "class" / "tty" / "ttyS0" / "type", "4\n"); // a 16550A
-    Tty("ttyS1", "platform/serial8250/tty/ttyS1");
-    Escribir(dir / "sys" / "class" / "tty" / "ttyS1" / "type", "0\n"); // no UART
-    Tty("ttyS10", "pci/0000:05:00.0/tty/ttyS10");
-    Escribir(dir / "sys" / "class" / "tty" / "ttyS10" / "type", "4\n");
+    Tty("ttyS0", "platform/serial8250/tty/ttyS0", "4\n"); // a 16550A
+    Tty("ttyS1", "platform/serial8250/tty/ttyS1", "0\n"); // no UART
+    Tty("ttyS10", "pci/0000:05:00.0/tty/ttyS10", "4\n");
     Tty("ttyS2", "");
     Tty("ttyAMA0", "amba/ttyAMA0");
     // usb-serial: port device, USB interface, USB device with the names.
@@ -248,18 +249,13 @@ TEST_F(ModemsTty, SoloPuertosConModemYSuNombreDeModelo) {
     Atributo("usb1/1-3/1-3:1.2", "interface", "Modem de datos");
 
     const fs::path log = "/var/spool/vorimesk/modemlog.txt";
-    const auto modems = ModemsLinux(dir / "sys", log).Modems();
-    std::vector<std::pair<std::string, std::string>> vistos;
-    for (const auto& m : modems) {
-        vistos.emplace_back(m.clave, m.modelo);
+    std::string vistos;
+    for (const auto& m : ModemsLinux(dir / "sys", log).Modems()) {
+        vistos += m.clave + "=" + m.modelo + ";";
         EXPECT_EQ(m.rutaLog, log);
     }
-    EXPECT_EQ(vistos, (std::vector<std::pair<std::string, std::string>>{
-                          {"ttyACM0", "Conexant USB Modem"},
-                          {"ttyACM1", "Modem de datos"},
-                          {"ttyS0", "ttyS0"},
-                          {"ttyS10", "ttyS10"},
-                          {"ttyUSB0", "Acme Fax Modem 56K"}}));
+    EXPECT_EQ(vistos, "ttyACM0=Conexant USB Modem;ttyACM1=Modem de datos;ttyS0=ttyS0;ttyS10=ttyS10;"
+                      "ttyUSB0=Acme Fax Modem 56K;");
     EXPECT_TRUE(ModemsLinux(dir / "nada", log).Modems().empty());
 }
 

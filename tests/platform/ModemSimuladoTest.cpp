@@ -49,21 +49,15 @@ protected:
 
 TEST_F(Simulado, CodigosSegundoASegundoComoLosDaLinux) {
     auto m = Crear();
-    std::vector<int> codigos;
-    std::vector<std::string> entradas;
+    std::string visto;
     for (int s = 0; s <= 18; ++s) {
         En(m, s);
-        codigos.push_back(m.IntState());
-        entradas.push_back(m.EntryName());
+        visto += std::to_string(m.IntState()) + m.EntryName() + " ";
         EXPECT_EQ(m.Count(), (m.IntState() == 2 || m.IntState() == 3) ? 1 : 0) << s;
     }
-    EXPECT_EQ(codigos,
-              (std::vector<int>{-1, -1, 3, 3, 3, 2, 2, 2, 2, 2, 0, 0, 3, 3, -1, 2, 2, 0, 0}));
-    EXPECT_EQ(entradas[4], "casa");
-    EXPECT_EQ(entradas[11], "casa") << "0 nombra la llamada que acabo";
-    EXPECT_EQ(entradas[13], "trabajo");
-    EXPECT_EQ(entradas[14], "");
-    EXPECT_EQ(entradas[18], "Mi proveedor");
+    // 0 names the call that ended; a failed dial names nothing.
+    EXPECT_EQ(visto, "-1 -1 3casa 3casa 3casa 2casa 2casa 2casa 2casa 2casa 0casa 0casa 3trabajo "
+                     "3trabajo -1 2Mi proveedor 2Mi proveedor 0Mi proveedor 0Mi proveedor ");
 }
 
 TEST_F(Simulado, ElLogSeEscribeAlSubirYAlBajarElEnlace) {
@@ -183,12 +177,11 @@ TEST_F(Fabrica, ConGuionTodoEsElMismoModemYSinGuionElSistema) {
     o.entorno = {};
     Plataforma p = CrearPlataforma(o);
     p.conexiones->Actualizar();
-    EXPECT_EQ(p.conexiones->IntState(), 2);
     EXPECT_EQ(p.marcador->Colgar("casa"), 1);
     p.conexiones->Actualizar();
     EXPECT_EQ(p.conexiones->IntState(), 0);
+    EXPECT_TRUE(fs::exists(p.modems->Modems().at(0).rutaLog));
     EXPECT_EQ(p.modems->Modems().at(0).rutaLog, dir / kModemLogSimulado);
-    EXPECT_TRUE(fs::exists(dir / kModemLogSimulado));
     p.cargaAlIniciar->Activar("/usr/bin/vorimesk");
     EXPECT_TRUE(p.cargaAlIniciar->Activada());
     ASSERT_TRUE(p.instancia->Adquirir());

@@ -2,27 +2,48 @@
 
 #include "CarpetaTemporal.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
 
 using namespace vorimesk;
 
 namespace {
 
-// What the wizard shows: page, step, banner and the three buttons (A, S, F
-// for enabled, - for disabled).
+// What the wizard shows: page, step, banner, the three buttons (A, S, F for
+// enabled, - for disabled) and the work the next "&Siguiente" does.
 std::string Estado(const PasosArchivo& p) {
     const char* paginas[] = {"Accion", "Periodo", "Nombre", "Conservar",
                              "Modo",   "Archivo", "Ver",    "Confirmar"};
+    const char* tareas[] = {"", " proponer", " tomar", " archivar", " leer"};
     return std::string(paginas[static_cast<int>(p.Pagina())]) + " " + std::to_string(p.Paso()) +
            " [" + p.Banner() + "] " + (p.AtrasActivo() ? "A" : "-") +
-           (p.SiguienteActivo() ? "S" : "-") + (p.FinalizarActivo() ? "F" : "-");
+           (p.SiguienteActivo() ? "S" : "-") + (p.FinalizarActivo() ? "F" : "-") +
+           tareas[static_cast<int>(p.Tarea())];
 }
 
-PasosArchivo Con(std::int16_t accion) {
+// The state after each move: '>' "&Siguiente", '<' "&Atras", '+' and '-' a
+// file chosen or not, 's' and 'n' "&Si" or "&No", 'r' replace, not save first.
+std::vector<std::string> Recorrido(std::int16_t accion, std::string_view movimientos) {
+    const std::map<char, std::function<void(PasosArchivo&)>> hacer = {
+        {'>', [](PasosArchivo& p) { p.Avanzar(); }},
+        {'<', [](PasosArchivo& p) { p.Retroceder(); }},
+        {'+', [](PasosArchivo& p) { p.ArchivoSeleccionado(true); }},
+        {'-', [](PasosArchivo& p) { p.ArchivoSeleccionado(false); }},
+        {'s', [](PasosArchivo& p) { p.ConfirmarBorrado(true); }},
+        {'n', [](PasosArchivo& p) { p.ConfirmarBorrado(false); }},
+        {'r', [](PasosArchivo& p) { p.GuardarAntes(false); }}};
     PasosArchivo p;
     p.ElegirAccion(accion);
-    return p;
+    std::vector<std::string> estados;
+    for (char m : movimientos) {
+        hacer.at(m)(p);
+        estados.push_back(Estado(p));
+    }
+    return estados;
 }
+
+using V = std::vector<std::string>;
 
 } // namespace
 
@@ -42,90 +63,48 @@ TEST(PasosArchivo, AperturaYEleccionDeAccion) {
     p.Retroceder();
     p.ElegirAccion(PasosArchivo::kArchivar);
     p.Avanzar();
-    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS-");
+    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS- proponer");
 }
 
 TEST(PasosArchivo, ArchivarCuatroPasosYVueltaAtras) {
-    PasosArchivo p = Con(PasosArchivo::kArchivar);
-    EXPECT_EQ(p.Tarea(), TareaPaso::Ninguna);
-    ASSERT_TRUE(p.Avanzar());
-    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS-");
-    EXPECT_EQ(p.Tarea(), TareaPaso::ProponerNombre);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Nombre 3 [Paso 3 de 4] AS-");
-    EXPECT_EQ(p.Tarea(), TareaPaso::TomarNombre);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Conservar 4 [Paso 4 de 4] A-F");
-    EXPECT_FALSE(p.Avanzar());
-
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Nombre 3 [Paso 3 de 4] AS-");
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Periodo 2 [Paso 2 de 4] AS-");
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Accion 1 [Paso 1 de 4] -S-");
-    EXPECT_FALSE(p.Retroceder());
+    EXPECT_EQ(Recorrido(PasosArchivo::kArchivar, ">>>><<<<"),
+              (V{"Periodo 2 [Paso 2 de 4] AS- proponer", "Nombre 3 [Paso 3 de 4] AS- tomar",
+                 "Conservar 4 [Paso 4 de 4] A-F", "Conservar 4 [Paso 4 de 4] A-F",
+                 "Nombre 3 [Paso 3 de 4] AS- tomar", "Periodo 2 [Paso 2 de 4] AS- proponer",
+                 "Accion 1 [Paso 1 de 4] -S-", "Accion 1 [Paso 1 de 4] -S-"}));
 }
 
+// Saving the current calls first shows the name page as step 4 with "Paso 2"
+// and no step count, on purpose; back from the list or the name goes to the
+// choice of mode.
 TEST(PasosArchivo, RecuperarGuardandoAntesArchivaAlEntrarEnLaLista) {
-    PasosArchivo p = Con(PasosArchivo::kRecuperar);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Modo 2 [Paso 2 de 3] AS-");
-    EXPECT_EQ(p.Tarea(), TareaPaso::ProponerNombre);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Nombre 4 [Paso 2] AS-"); // sin "de 3", a proposito
-    EXPECT_EQ(p.Tarea(), TareaPaso::ArchivarActuales);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Archivo 3 [Paso 3 de 3] A--");
-    p.ArchivoSeleccionado(true);
-    EXPECT_EQ(Estado(p), "Archivo 3 [Paso 3 de 3] A-F");
-    p.ArchivoSeleccionado(false);
-    EXPECT_FALSE(p.FinalizarActivo());
-    // Atras desde la lista vuelve a la eleccion de modo, tambien desde el nombre.
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Modo 2 [Paso 2 de 3] AS-");
-    p.Avanzar();
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Modo 2 [Paso 2 de 3] AS-");
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Accion 1 [Paso 1 de 3] -S-");
+    EXPECT_EQ(Recorrido(PasosArchivo::kRecuperar, ">>>+-<><<"),
+              (V{"Modo 2 [Paso 2 de 3] AS- proponer", "Nombre 4 [Paso 2] AS- archivar",
+                 "Archivo 3 [Paso 3 de 3] A--", "Archivo 3 [Paso 3 de 3] A-F",
+                 "Archivo 3 [Paso 3 de 3] A--", "Modo 2 [Paso 2 de 3] AS- proponer",
+                 "Nombre 4 [Paso 2] AS- archivar", "Modo 2 [Paso 2 de 3] AS- proponer",
+                 "Accion 1 [Paso 1 de 3] -S-"}));
 }
 
 TEST(PasosArchivo, RecuperarSustituyendoVaDirectoALaLista) {
-    PasosArchivo p = Con(PasosArchivo::kRecuperar);
-    p.ArchivoSeleccionado(true); // elegido antes, sigue elegido al llegar
-    p.Avanzar();
-    p.GuardarAntes(false);
-    EXPECT_EQ(p.Tarea(), TareaPaso::Ninguna);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Archivo 3 [Paso 3 de 3] A-F");
+    // A file chosen before is still chosen on arrival.
+    EXPECT_EQ(Recorrido(PasosArchivo::kRecuperar, "+>r>"),
+              (V{"Accion 1 [Paso 1] -S-", "Modo 2 [Paso 2 de 3] AS- proponer",
+                 "Modo 2 [Paso 2 de 3] AS-", "Archivo 3 [Paso 3 de 3] A-F"}));
 }
 
 TEST(PasosArchivo, VerNecesitaArchivoYLeeAlAvanzar) {
-    PasosArchivo p = Con(PasosArchivo::kVer);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Archivo 2 [Paso 2 de 3] A--");
-    p.ArchivoSeleccionado(true);
-    EXPECT_EQ(Estado(p), "Archivo 2 [Paso 2 de 3] AS-");
-    EXPECT_EQ(p.Tarea(), TareaPaso::LeerArchivo);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Ver 3 [Paso 3 de 3] A-F");
-    p.Retroceder();
-    EXPECT_EQ(Estado(p), "Archivo 2 [Paso 2 de 3] AS-");
+    EXPECT_EQ(Recorrido(PasosArchivo::kVer, ">+><"),
+              (V{"Archivo 2 [Paso 2 de 3] A-- leer", "Archivo 2 [Paso 2 de 3] AS- leer",
+                 "Ver 3 [Paso 3 de 3] A-F", "Archivo 2 [Paso 2 de 3] AS- leer"}));
 }
 
 TEST(PasosArchivo, BorrarSoloTerminaConSi) {
-    PasosArchivo p = Con(PasosArchivo::kBorrar);
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Archivo 2 [Paso 2 de 3] A--");
-    p.ArchivoSeleccionado(true);
-    p.ConfirmarBorrado(true); // un "Si" de antes no cuenta: "No" vuelve a estar elegido
-    p.Avanzar();
-    EXPECT_EQ(Estado(p), "Confirmar 3 [Paso 3 de 3] A--");
-    p.ConfirmarBorrado(true);
-    EXPECT_EQ(Estado(p), "Confirmar 3 [Paso 3 de 3] A-F");
-    p.ConfirmarBorrado(false);
-    EXPECT_EQ(Estado(p), "Confirmar 3 [Paso 3 de 3] A--");
+    // A "Si" from before does not count: "No" is chosen again on arrival.
+    EXPECT_EQ(Recorrido(PasosArchivo::kBorrar, ">+s>sn"),
+              (V{"Archivo 2 [Paso 2 de 3] A--", "Archivo 2 [Paso 2 de 3] AS-",
+                 "Archivo 2 [Paso 2 de 3] AS-", "Confirmar 3 [Paso 3 de 3] A--",
+                 "Confirmar 3 [Paso 3 de 3] A-F", "Confirmar 3 [Paso 3 de 3] A--"}));
 }
 
 class RangoArchivoTest : public prueba::CarpetaTemporal {

@@ -21,88 +21,29 @@ std::string Archivo(std::initializer_list<std::string> lineas) {
     return t;
 }
 
-// A file as the program writes it with every list empty.
-const std::string kVacio = Archivo({
-    "#FALSE#",    "#TRUE#",
-    "#FALSE#",    "#FALSE#",
-    "#FALSE#", // options
-    "0",       // programs
-    "#FALSE#",    "#FALSE#",
-    "#FALSE#",    "#FALSE#",
-    "#FALSE#",    "#FALSE#", // alerts
-    "#00:00:00#", "\"00:00:00\"",
-    "\"\"",       "\"00:00:00\"",
-    "\"\"", // thresholds, sound
-    "0",          "1",
-    "0", // MesReinicio, DiaFactura, perFactura
-    "0", // bonos
-    "0",          "0",
-    "0",                     // reserved
-    "0",                     // entries
-    "0",          "#FALSE#", // taxes
-    "0",                     // holidays
-    "0",                     // profiles
-});
+// A file as the program writes it with every list empty: options and
+// programs; alerts, thresholds and sound; MesReinicio, DiaFactura and
+// perFactura; bonos; reserved; entries; taxes; holidays; profiles.
+const std::string kVacio = "#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n0\r\n"
+                           "#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n"
+                           "#00:00:00#\r\n\"00:00:00\"\r\n\"\"\r\n\"00:00:00\"\r\n\"\"\r\n"
+                           "0\r\n1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n#FALSE#\r\n0\r\n0\r\n";
 
 // A file written by hand with something in every field, a few accents in
 // Windows-1252, reserved fields that are not 0 and every form of Baja.
-const std::string kLleno = Archivo({
-    "#TRUE#",
-    "#FALSE#",
-    "#TRUE#",
-    "#TRUE#",
-    "#TRUE#",
-    "2",
-    "\"C:\\Archivos de programa\\Correo\\correo.exe\"",
-    "\"/usr/bin/navegador, con coma\"",
-    "#TRUE#",
-    "#TRUE#",
-    "#FALSE#",
-    "#TRUE#",
-    "#FALSE#",
-    "#TRUE#",
-    "#22:30:00#",
-    "\"01:30:00\"",
-    "\"5.000\"",
-    "\"10:00:00\"",
-    "\"C:\\WINDOWS\\MEDIA\\Tada.wav\"",
-    "11",
-    "15",
-    "2",
-    "3",
-    "0",
-    "#2024-01-15#",
-    "",
-    "\"07:12:03\"",
-    "3",
-    "#2024-02-01#",
-    "#NULL#",
-    "\"50:00:00\"",
-    "2",
-    "#2023-12-01#",
-    "#2024-01-31#",
-    "\"00:00:00\"",
-    "-5",
-    "32767",
-    "200",
-    "2",
-    "\"Telef\xF3nica\"",
-    "\"Metropolitana\"",
-    "\"BonoNet\"",
-    "\"Casa\"",
-    "\"Nacional\"",
-    "\"\"",
-    "16.5",
-    "#TRUE#",
-    "2",
-    "#2024-12-25#",
-    "#2025-01-06#",
-    "1",
-    "\"Telef\xF3nica\"",
-    "\"BonoNet\"",
-    "#2024-03-01 18:45:10#",
-    "\"Metropolitana\"",
-});
+// Lines 1-8: options and programs; 9-19: alerts, thresholds and sound.
+const std::string kLleno = Archivo(
+    {"#TRUE#", "#FALSE#", "#TRUE#", "#TRUE#", "#TRUE#", "2",
+     "\"C:\\Archivos de programa\\Correo\\correo.exe\"", "\"/usr/bin/navegador, con coma\"",
+     "#TRUE#", "#TRUE#", "#FALSE#", "#TRUE#", "#FALSE#", "#TRUE#", "#22:30:00#", "\"01:30:00\"",
+     "\"5.000\"", "\"10:00:00\"", "\"C:\\WINDOWS\\MEDIA\\Tada.wav\"",
+     // 20-22: MesReinicio, DiaFactura, perFactura; 23-35: bonos; 36-38: reserved
+     "11", "15", "2", "3", "0", "#2024-01-15#", "", "\"07:12:03\"", "3", "#2024-02-01#", "#NULL#",
+     "\"50:00:00\"", "2", "#2023-12-01#", "#2024-01-31#", "\"00:00:00\"", "-5", "32767", "200",
+     // 39-45: entries; 46-47: taxes; 48-50: holidays; 51-55: profiles
+     "2", "\"Telef\xF3nica\"", "\"Metropolitana\"", "\"BonoNet\"", "\"Casa\"", "\"Nacional\"",
+     "\"\"", "16.5", "#TRUE#", "2", "#2024-12-25#", "#2025-01-06#", "1", "\"Telef\xF3nica\"",
+     "\"BonoNet\"", "#2024-03-01 18:45:10#", "\"Metropolitana\""});
 
 class ArchivoVariables : public CarpetaTemporal {
 protected:
@@ -113,9 +54,6 @@ protected:
 
 TEST(Variables, ValoresPorDefectoYSuArchivoConCadaListaVacia) {
     const Settings s = ValoresPorDefecto();
-    EXPECT_TRUE(s.CargarAlIniciar);
-    EXPECT_FALSE(s.SiempreVisible);
-    EXPECT_EQ(s.DiaFactura, 1);
     EXPECT_EQ(EscribirTextoVariables(s), kVacio);
     EXPECT_EQ(EscribirTextoVariables(LeerTextoVariables(kVacio)), kVacio);
 }
@@ -149,36 +87,16 @@ TEST(Variables, ArchivoHechoAManoSeLeeYSeReescribeIgual) {
     EXPECT_EQ(EscribirTextoVariables(s), kLleno);
 }
 
-TEST(Variables, ListasLargasVanYVuelven) {
+// Counts are 16-bit in the file: a longer list is refused before writing.
+TEST(Variables, ListasDeHasta32767) {
     Settings s = ValoresPorDefecto();
-    for (int i = 0; i < 3000; ++i) {
-        const Fecha dia = Fecha::Crear(2000, 1, 1).MasDias(i);
-        s.Programas.push_back("/opt/programa" + std::to_string(i));
-        s.Bonos.push_back({static_cast<std::int16_t>(i % 4), dia,
-                           i % 3 == 0   ? FechaVariante::Vacia()
-                           : i % 3 == 1 ? FechaVariante::Nula()
-                                        : FechaVariante::De(dia.MasDias(30)),
-                           "10:00:00"});
-        s.EntradasConexion.push_back({"Entrada " + std::to_string(i), "Tarifa", "BonoNet"});
-        s.Festivos.push_back(dia);
-        s.Conexiones.push_back({"Conexion", "", dia.MasSegundos(i), "Metropolitana"});
-    }
+    s.Festivos.assign(32767, Fecha::Crear(2024, 12, 25));
     s.Impuestos = 1.0f / 3.0f;
-    const std::string texto = EscribirTextoVariables(s);
-    const Settings leido = LeerTextoVariables(texto);
-    EXPECT_EQ(leido.Programas, s.Programas);
-    EXPECT_EQ(leido.Bonos, s.Bonos);
-    EXPECT_EQ(leido.EntradasConexion, s.EntradasConexion);
-    EXPECT_EQ(leido.Festivos, s.Festivos);
-    EXPECT_EQ(leido.Conexiones, s.Conexiones);
+    const Settings leido = LeerTextoVariables(EscribirTextoVariables(s));
+    EXPECT_EQ(leido.Festivos.size(), 32767u);
     EXPECT_EQ(leido.Impuestos, s.Impuestos);
-    EXPECT_EQ(EscribirTextoVariables(leido), texto);
-
-    // Counts are 16-bit in the file: a longer list is refused before writing.
-    s.Festivos.resize(32768);
+    s.Festivos.push_back(Fecha::Crear(2024, 12, 25));
     EXPECT_THROW(EscribirTextoVariables(s), ErrorDesbordamiento);
-    s.Festivos.resize(32767);
-    EXPECT_EQ(LeerTextoVariables(EscribirTextoVariables(s)).Festivos.size(), 32767u);
 }
 
 TEST(Variables, CadaArchivoCortadoSeRechaza) {
@@ -228,7 +146,6 @@ TEST(Variables, ValoresMalFormadosSeRechazanNombrandoLaLinea) {
 TEST_F(ArchivoVariables, ArchivoAusenteDaLosValoresPorDefecto) {
     const LecturaVariables l = LeerVariables(Ruta());
     EXPECT_FALSE(l.dañado);
-    EXPECT_TRUE(l.valores.CargarAlIniciar);
     EXPECT_FALSE(Existe(Ruta()));
     EXPECT_EQ(GuardarVariables(Ruta(), l.valores), std::nullopt);
     EXPECT_EQ(Leer(Ruta()), kVacio);
@@ -241,11 +158,10 @@ TEST_F(ArchivoVariables, UnArchivoDañadoSeConservaYSeApartaAlGuardar) {
     Escribir(Ruta(), dañado);
     const LecturaVariables l = LeerVariables(Ruta());
     ASSERT_TRUE(l.dañado);
-    EXPECT_TRUE(l.valores.CargarAlIniciar); // the defaults
-    EXPECT_TRUE(l.valores.Programas.empty());
-    EXPECT_NE(l.aviso.find("Varibles.Dat"), std::string::npos) << l.aviso;
-    EXPECT_NE(l.aviso.find("linea"), std::string::npos) << l.aviso;
-    EXPECT_NE(l.aviso.find("por defecto"), std::string::npos) << l.aviso;
+    EXPECT_EQ(EscribirTextoVariables(l.valores), kVacio); // the defaults
+    for (const char* parte : {"Varibles.Dat", "linea", "por defecto"}) {
+        EXPECT_NE(l.aviso.find(parte), std::string::npos) << l.aviso;
+    }
     EXPECT_EQ(Leer(Ruta()), dañado); // reading changed nothing
 
     const auto apartado = GuardarVariables(Ruta(), l.valores);

@@ -32,48 +32,28 @@ public:
     // own, the one of the same role (Ok and Yes accept, No and Cancel
     // reject).
     void Responder(QMessageBox::StandardButton boton) {
-        acciones_.push_back([boton](QWidget* w) {
-            auto* caja = qobject_cast<QMessageBox*>(w);
-            if (caja == nullptr) {
-                return false;
-            }
-            if (QAbstractButton* b = caja->button(boton)) {
-                b->click();
-                return true;
-            }
+        Elegir([boton](QMessageBox* caja) -> QAbstractButton* {
             const bool acepta = boton == QMessageBox::Ok || boton == QMessageBox::Yes;
             for (QAbstractButton* b : caja->buttons()) {
                 const auto rol = caja->buttonRole(b);
-                if (acepta ? (rol == QMessageBox::AcceptRole || rol == QMessageBox::YesRole)
-                           : (rol == QMessageBox::RejectRole || rol == QMessageBox::NoRole)) {
-                    b->click();
-                    return true;
+                if (caja->standardButton(b) == boton ||
+                    (acepta ? (rol == QMessageBox::AcceptRole || rol == QMessageBox::YesRole)
+                            : (rol == QMessageBox::RejectRole || rol == QMessageBox::NoRole))) {
+                    return b;
                 }
             }
-            caja->reject();
-            return false;
+            return nullptr;
         });
     }
     // The next message box gets its button with this text.
     void Pulsar(const QString& texto) {
-        acciones_.push_back([texto](QWidget* w) {
-            auto* caja = qobject_cast<QMessageBox*>(w);
-            for (QAbstractButton* b : caja ? caja->buttons() : QList<QAbstractButton*>()) {
+        Elegir([texto](QMessageBox* caja) -> QAbstractButton* {
+            for (QAbstractButton* b : caja->buttons()) {
                 if (b->text() == texto) {
-                    b->click();
-                    return true;
+                    return b;
                 }
             }
-            ADD_FAILURE() << "no hay un boton " << texto.toStdString();
-            QMetaObject::invokeMethod(w, "reject", Qt::QueuedConnection);
-            return false;
-        });
-    }
-    // The next modal dialog is handed to `accion`, which must close it.
-    void Con(std::function<void(QWidget*)> accion) {
-        acciones_.push_back([accion](QWidget* w) {
-            accion(w);
-            return true;
+            return nullptr;
         });
     }
 
@@ -81,6 +61,17 @@ public:
     bool Pendientes() const { return !acciones_.empty(); }
 
 private:
+    void Elegir(std::function<QAbstractButton*(QMessageBox*)> cual) {
+        acciones_.push_back([cual](QWidget* w) {
+            auto* caja = qobject_cast<QMessageBox*>(w);
+            if (QAbstractButton* b = caja ? cual(caja) : nullptr) {
+                b->click();
+                return;
+            }
+            ADD_FAILURE() << "no hay ese boton en " << w->windowTitle().toStdString();
+            QMetaObject::invokeMethod(w, "reject", Qt::QueuedConnection);
+        });
+    }
     void Mirar() {
         QWidget* modal = QApplication::activeModalWidget();
         if (modal == nullptr || modal == ultimo_) {
@@ -91,21 +82,20 @@ private:
         } else {
             vistas_.push_back({modal->windowTitle(), {}, {}});
         }
+        ultimo_ = modal;
         if (acciones_.empty()) {
             // Unexpected: close it so the test does not hang, and let it see
             // the box in Vistas().
-            ultimo_ = modal;
             QMetaObject::invokeMethod(modal, "reject", Qt::QueuedConnection);
             return;
         }
         auto accion = acciones_.front();
         acciones_.pop_front();
-        ultimo_ = modal;
         accion(modal);
     }
 
     QTimer temporizador_;
-    std::deque<std::function<bool(QWidget*)>> acciones_;
+    std::deque<std::function<void(QWidget*)>> acciones_;
     std::vector<CajaVista> vistas_;
     QPointer<QWidget> ultimo_;
 };

@@ -35,12 +35,6 @@ TEST(AjustesTarifa, ElBonoDeLasOpcionesIdaYVuelta) {
     CargarBono(s, bono);
     ASSERT_EQ(bono.Count(), 3);
     EXPECT_EQ(bono.Nombre(0), "50NOCHE");
-    EXPECT_EQ(bono.tiempo(0), "49:59:59");
-    EXPECT_EQ(bono.Alta(2), Fecha::Crear(1999, 9, 1));
-    EXPECT_EQ(bono.Baja(1), FechaVariante::Nula());
-    EXPECT_EQ(bono.Baja(2), FechaVariante::De(Fecha::Crear(1999, 12, 31)));
-    EXPECT_EQ(bono.DiaFactura(), 20);
-    EXPECT_EQ(bono.perFactura(), 3);
     EXPECT_EQ(bono.TotalTiempoGrupo(cBono::kGrupoDia), "50:00:00");
 
     Settings vuelta = ValoresPorDefecto();
@@ -66,8 +60,7 @@ TEST(AjustesTarifa, PerfilesEnSuOrdenYSinClave) {
     // Same moment twice: the first in file order is the one found.
     const cConexion* c = conexiones.Buscar(Fecha::Crear(1999, 11, 15, 14, 5, 0));
     ASSERT_NE(c, nullptr);
-    EXPECT_EQ(c->Conexion(), "Casa");
-    EXPECT_EQ(c->Descuento(), "BonoNet");
+    EXPECT_EQ(c->Conexion() + " " + c->Descuento(), "Casa BonoNet");
     EXPECT_EQ(conexiones.Item(2).Tarifa(), "Provincial");
     EXPECT_THROW(conexiones.Item("Casa"), ErrorNoEncontrado);
 
@@ -75,8 +68,22 @@ TEST(AjustesTarifa, PerfilesEnSuOrdenYSinClave) {
     conexiones.Add(Fecha::Crear(2026, 3, 2), "Metropolitana", "", "Nueva");
     Settings s = ConBonosYPerfiles();
     GuardarConexiones(conexiones, s);
-    ASSERT_EQ(s.Conexiones.size(), 2u);
-    EXPECT_EQ(s.Conexiones[0].Conexion, "Oficina");
-    EXPECT_EQ(s.Conexiones[1],
-              (PerfilConexion{"Nueva", "", Fecha::Crear(2026, 3, 2), "Metropolitana"}));
+    EXPECT_EQ(s.Conexiones, (std::vector<PerfilConexion>{
+                                ConBonosYPerfiles().Conexiones[1],
+                                {"Nueva", "", Fecha::Crear(2026, 3, 2), "Metropolitana"}}));
+}
+
+TEST(colConexion, BuscarComparaFechaYHoraYDevuelveElPrimero) {
+    colConexion lista;
+    const Fecha dia = Fecha::Crear(2026, 3, 2);
+    lista.Add(dia, "Metropolitana", "BonoNet", "Proveedor", "a");
+    lista.Add(dia.MasSegundos(36000), "Provincial", "", "Otro");
+    lista.Add(dia.MasSegundos(36000), "Interprovincial", "", "Tercero");
+    EXPECT_EQ(lista.Buscar(dia)->Tarifa(), "Metropolitana");
+    EXPECT_EQ(lista.Buscar(dia.MasSegundos(36000))->Conexion(), "Otro");
+    EXPECT_EQ(lista.Buscar(dia.MasSegundos(1)), nullptr);
+    EXPECT_EQ(lista.Item("a").Descuento(), "BonoNet");
+    EXPECT_EQ(lista.Item(3).Tarifa(), "Interprovincial");
+    // Keys and positions are the keyed collection's, tested with colTiempo.
+    EXPECT_THROW(lista.Add(dia, "T", "D", "C", "a"), ErrorClaveDuplicada);
 }

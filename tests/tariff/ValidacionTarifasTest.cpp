@@ -67,14 +67,12 @@ TEST(Validacion, NombresQueElArchivoNoPuedeGuardar) {
 
 TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
     const char* k = "Sabado.Reducida.Importe";
-    EXPECT_EQ(Problemas({{k, "1234567"}}), V{});
-    EXPECT_EQ(Problemas({{k, ".5"}}), V{});
-    EXPECT_EQ(Problemas({{k, " 2. "}}), V{});
-    EXPECT_EQ(Problemas({{k, "12345678"}}), V{std::string("E ") + k});
-    EXPECT_EQ(Problemas({{k, ""}}), V{std::string("E ") + k});
-    EXPECT_EQ(Problemas({{k, "abc"}}), V{std::string("E ") + k});
-    EXPECT_EQ(Problemas({{k, "1.2.3"}}), V{std::string("E ") + k});
-    EXPECT_EQ(Problemas({{k, "-1"}}), V{std::string("E ") + k});
+    for (const char* bien : {"1234567", ".5", " 2. "}) {
+        EXPECT_EQ(Problemas({{k, bien}}), V{}) << bien;
+    }
+    for (const char* mal : {"12345678", "", "abc", "1.2.3", "-1"}) {
+        EXPECT_EQ(Problemas({{k, mal}}), V{std::string("E ") + k}) << mal;
+    }
     EXPECT_EQ(Problemas({{"Conexion.Importe", "1e3"}}), V{"E Conexion.Importe"});
 
     LibroEditable libro;

@@ -2,6 +2,7 @@
 
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "register/Copias.h"
 #include "tariff/cBono.h"
 #include "ui/AvisoError.h"
@@ -9,14 +10,7 @@
 #include "ui/PanelLogo.h"
 #include "ui/fArchivo.h"
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTableWidget>
 #include <algorithm>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -62,9 +56,6 @@ protected:
         ASSERT_EQ(e.size(), 1) << nombre.toStdString();
         w.File1->setCurrentItem(e.front());
     }
-    static std::string Banner(const fArchivo& w) {
-        return w.picLogo->Logo().Caption().toStdString();
-    }
     std::string Indice() { return Leer(dir / "Copias" / "Index.dat"); }
     static int Lineas(const std::string& texto) {
         return static_cast<int>(std::count(texto.begin(), texto.end(), '\n'));
@@ -79,28 +70,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(ArchivoTest, AlAbrirPrimerPasoYOpcionesPorDefecto) {
-    Llamada(*registro, 2, 1);
-    auto w = Abrir();
-    // The steps and their buttons are the register's own test; here, what
-    // the window starts with.
-    EXPECT_EQ(Banner(*w), "Paso 1");
-    EXPECT_FALSE(w->cmdAtras->isEnabled());
-    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
-    EXPECT_FALSE(w->cmdFinalizar->isEnabled());
-    EXPECT_TRUE(w->Option4->isChecked());
-    EXPECT_TRUE(w->Option6->isChecked());
-    EXPECT_TRUE(w->Option8->isChecked());
-    EXPECT_TRUE(w->Option1->isChecked());
-    EXPECT_EQ(w->lDesde->text(), "01/02/2026");
-    EXPECT_EQ(w->lHasta->text(), "20/03/2026");
-    w->Option7->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
-    EXPECT_EQ(w->lHasta->text(), "15/02/2026");
-    EXPECT_EQ(w->Dir2->Carpeta(), dir / "Copias");
-    w->lAccion->setCurrentRow(0);
-    EXPECT_TRUE(w->cmdSiguiente->isEnabled());
-}
 
 TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     Llamada(*registro, 1, 5);
@@ -121,26 +90,24 @@ TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     EXPECT_EQ(Indice(), "\"Copia000.CPR\"\r\n\"Invierno\"\r\n");
     EXPECT_EQ(anfitrion->cambios, 1);
     // La rejilla va del primer dia que queda (hoy, vacio) a hoy.
-    ASSERT_FALSE(anfitrion->rellenos.empty());
-    EXPECT_EQ(anfitrion->rellenos.back().desde, Fecha::Crear(2026, 3, 20));
-    EXPECT_EQ(anfitrion->rellenos.back().hasta, Fecha::Crear(2026, 3, 20));
-    EXPECT_FALSE(anfitrion->rellenos.back().tipo);
+    EXPECT_EQ(anfitrion->rellenos.at(0).desde, Fecha::Crear(2026, 3, 20));
 }
 
 TEST_F(ArchivoTest, ArchivarHastaElPeriodoCerradoYConservar) {
-    Llamada(*registro, 3, 17); // todas en el periodo en curso
+    Llamada(*registro, 2, 1);
+    Llamada(*registro, 3, 17);
     auto w = Abrir();
+    EXPECT_EQ(w->lHasta->text(), "20/03/2026");
     w->lAccion->setCurrentRow(0);
     w->Siguiente();
-    w->Option7->setChecked(true);
+    w->Option7->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
+    EXPECT_EQ(w->lHasta->text(), "15/02/2026");
     w->Siguiente();
     w->Siguiente();
     w->Option2->setChecked(true);
     w->Finalizar();
-    // Nada que archivar, pero la entrada del indice se anade.
-    EXPECT_EQ(Leer(dir / "Copias" / "Copia000.CPR"), "");
-    EXPECT_EQ(Lineas(Indice()), 2);
-    EXPECT_EQ(registro->Count(), 1);
+    EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia000.CPR")), 1);
+    EXPECT_EQ(registro->Count(), 2);
     EXPECT_EQ(anfitrion->cambios, 0);
 }
 
@@ -156,11 +123,8 @@ TEST_F(ArchivoTest, RecuperarGuardandoAntesYCancelarDespues) {
     w->txtDescripcion->setText("Marzo");
     w->Siguiente(); // guarda las llamadas actuales ya aqui
     EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia001.CPR")), 2);
-    EXPECT_EQ(w->File1->count(), 2);
-    EXPECT_FALSE(w->cmdFinalizar->isEnabled());
     ElegirArchivo(*w, "Copia000.CPR");
     EXPECT_EQ(w->txtDescripcion2->text(), "Enero");
-    EXPECT_TRUE(w->cmdFinalizar->isEnabled());
     w->cmdSalir->click();
 
     EXPECT_EQ(registro->Count(), 2);
@@ -181,7 +145,6 @@ TEST_F(ArchivoTest, RecuperarSustituyendoAnadeLaCopiaAlRegistro) {
     EXPECT_EQ(w->result(), QDialog::Accepted);
     // El registro no se vacia antes de leer: la copia se suma a lo que habia.
     EXPECT_EQ(registro->Count(), 3);
-    EXPECT_EQ(registro->Dia(1), Fecha::Crear(2026, 1, 10));
     EXPECT_EQ(anfitrion->cambios, 1);
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia001.CPR"));
 }
@@ -192,13 +155,10 @@ TEST_F(ArchivoTest, VerNoTocaElRegistro) {
     auto w = Abrir();
     w->lAccion->setCurrentRow(2);
     w->Siguiente();
-    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
     ElegirArchivo(*w, "Copia000.CPR");
     w->Siguiente();
     ASSERT_EQ(w->Grid1->rowCount(), 3);
-    EXPECT_EQ(w->Grid1->item(0, 0)->text(), "10/01/2026");
     EXPECT_EQ(w->Grid1->item(0, 3)->text(), "12.5");
-    EXPECT_EQ(w->Grid1->item(0, 5)->text(), "Reducida");
     EXPECT_EQ(w->lPeriodo->text(), "10/01/2026 - 12/01/2026");
     // Atras y otra vez adelante: la lista no se duplica.
     w->Atras();
@@ -207,7 +167,6 @@ TEST_F(ArchivoTest, VerNoTocaElRegistro) {
     w->Finalizar();
     EXPECT_EQ(registro->Count(), 1);
     EXPECT_EQ(anfitrion->cambios, 0);
-    EXPECT_TRUE(anfitrion->rellenos.empty());
 }
 
 TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
@@ -237,5 +196,5 @@ TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {
     w->Siguiente();
     EXPECT_EQ(avisos.size(), 1);
     avisos.clear();
-    EXPECT_EQ(Banner(*w), "Paso 2 de 3");
+    EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 2 de 3");
 }

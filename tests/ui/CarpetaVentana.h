@@ -1,15 +1,30 @@
 #pragma once
 // A data folder prepared for the window tests: a tariff book, a register and
 // a settings file written with the program's own file code (the formats are
-// tested in their own folders), a fixed clock and a test platform.
+// tested in their own folders), a fixed clock and a test platform; with it
+// come the window's parts the tests drive.
 
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "PlataformaPrueba.h"
 #include "RegistroAMano.h"
+#include "RespuestasDialogo.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/LibroPorDefecto.h"
+#include "ui/BarraPrincipal.h"
 #include "ui/EntornoVentana.h"
+#include "ui/MenuBandeja.h"
+#include "ui/ModeloRegistro.h"
+#include "ui/PanelConexion.h"
+#include "ui/TabBono.h"
+#include "ui/TabConexiones.h"
+#include "ui/TabFestivos.h"
+#include "ui/TabOpciones.h"
+#include "ui/TabRegistro.h"
+#include "ui/TabResumen.h"
+#include "ui/TabTarifas.h"
 #include "ui/fMain.h"
+#include "ui/fMini.h"
 
 #include <memory>
 

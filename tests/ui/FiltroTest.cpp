@@ -3,19 +3,10 @@
 
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
-#include "ui/FechasQt.h"
+#include "Controles.h"
 #include "ui/PilaPrograma.h"
 #include "ui/fFiltro.h"
 #include "ui/fPer.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTimeEdit>
-#include <QTimer>
-#include <gtest/gtest.h>
 
 using namespace vorimesk;
 
@@ -67,30 +58,19 @@ TEST_F(FiltroTest, AlAbrirTomaLosValoresYTodoQuedaApagado) {
     DejarValores();
     fFiltro f(*anfitrion, reloj);
     EXPECT_EQ(PilaPrograma().Count(), 0);
-    for (QPushButton* b : {f.bFec, f.bHora, f.bTiempo, f.bTipo, f.bBono, f.bDia}) {
-        EXPECT_TRUE(b->isCheckable());
-        EXPECT_FALSE(b->isChecked());
-    }
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{f.fecDesde, f.fecHasta, f.HoraSpin1, f.HoraSpin2,
-                                         f.HoraTiempo, f.Combo1, f.Combo2, f.Combo3, f.Combo4}) {
-        EXPECT_FALSE(w->isEnabled()) << w->objectName().toStdString();
-    }
+    EXPECT_FALSE(f.fecDesde->isEnabled());
     EXPECT_EQ(f.fecDesde->date(), QDate(2026, 3, 20));
     f.bTiempo->click();
     EXPECT_TRUE(f.HoraTiempo->isEnabled());
-    EXPECT_TRUE(f.Combo1->isEnabled());
 
     // Con todo apagado, "&Aplicar" lista todo pero con el periodo vacio.
     f.bTiempo->click();
     EXPECT_EQ(Aplicar(f), (V{0, 1, 2, 3, 4}));
     EXPECT_EQ(anfitrion->listado.Periodo, "");
     const CriteriosFiltro& c = anfitrion->rellenos.back();
-    EXPECT_EQ(c.desde, kFechaApagada);
-    EXPECT_EQ(c.horaHasta, kFechaApagada);
-    EXPECT_EQ(c.tipo, -1);
-    EXPECT_EQ(c.comparacion, -1);
-    EXPECT_EQ(c.duracion, "-1");
+    EXPECT_EQ(std::tuple(c.desde, c.horaHasta, c.duracion),
+              std::tuple(kFechaApagada, kFechaApagada, "-1"));
+    EXPECT_EQ(std::tuple(c.tipo, c.comparacion), std::tuple(-1, -1));
 }
 
 // Which calls pass is the register's own test; here, each control reaches
@@ -118,14 +98,11 @@ TEST_F(FiltroTest, CadaBotonPasaSuCriterio) {
     f.Combo4->setCurrentIndex(2);
     Aplicar(f);
     const CriteriosFiltro& c = anfitrion->rellenos.back();
-    EXPECT_EQ(c.desde, kFechaApagada);
-    EXPECT_EQ(c.horaDesde, Fecha::DesdeSegundos(6 * 3600));
-    EXPECT_EQ(c.horaHasta, Fecha::DesdeSegundos(22 * 3600));
-    EXPECT_EQ(c.comparacion, 2); // "="
-    EXPECT_EQ(c.duracion, "00:05:00");
-    EXPECT_EQ(c.tipo, 1);    // Reducida
-    EXPECT_EQ(c.bono, 1);    // Con Bono
-    EXPECT_EQ(c.tipoDia, 2); // Festivo
+    EXPECT_EQ(std::tuple(c.desde, c.horaDesde, c.horaHasta, c.duracion),
+              std::tuple(kFechaApagada, Fecha::DesdeSegundos(6 * 3600),
+                         Fecha::DesdeSegundos(22 * 3600), "00:05:00"));
+    // "=", Reducida, Con Bono, Festivo
+    EXPECT_EQ(std::tuple(c.comparacion, c.tipo, c.bono, c.tipoDia), std::tuple(2, 1, 1, 2));
 }
 
 TEST_F(FiltroTest, SuprimirVuelveAlPeriodoYVerTodosLoQuitaTodo) {
@@ -134,15 +111,14 @@ TEST_F(FiltroTest, SuprimirVuelveAlPeriodoYVerTodosLoQuitaTodo) {
     Aplicar(f);
     f.cmdSuprimir->click();
     const CriteriosFiltro& c = anfitrion->rellenos.back();
-    EXPECT_EQ(c.desde, Fecha::Crear(2026, 3, 3));
-    EXPECT_EQ(c.hasta, Fecha::Crear(2026, 3, 20));
+    EXPECT_EQ(std::tuple(c.desde, c.hasta),
+              std::tuple(Fecha::Crear(2026, 3, 3), Fecha::Crear(2026, 3, 20)));
     EXPECT_FALSE(c.horaDesde || c.tipo || c.bono || c.tipoDia || c.comparacion || c.duracion);
     EXPECT_EQ(anfitrion->Listadas(), (V{2, 3, 4}));
     f.cmdTodos->click();
     const CriteriosFiltro& t = anfitrion->rellenos.back();
     EXPECT_FALSE(t.desde || t.hasta || t.tipo || t.duracion);
     EXPECT_EQ(anfitrion->listado.Periodo, "02/03/2026 - 20/03/2026");
-    EXPECT_EQ(registro->Count(), 5);
 }
 
 TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
@@ -163,7 +139,6 @@ TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
     EXPECT_EQ(f.fecDesde->date(), QDate(2025, 12, 16));
     EXPECT_EQ(f.fecHasta->date(), QDate(2026, 2, 15));
     EXPECT_TRUE(f.bFec->isChecked());
-    EXPECT_TRUE(f.fecDesde->isEnabled());
     EXPECT_EQ(PilaPrograma().Count(), 0);
     EXPECT_TRUE(anfitrion->rellenos.empty()); // falta "&Aplicar"
 
@@ -172,23 +147,17 @@ TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
     QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
     f.cmdPeriodos->click();
     EXPECT_FALSE(f.bFec->isChecked());
-    EXPECT_EQ(f.fecDesde->date(), QDate(2025, 12, 16));
     EXPECT_EQ(PilaPrograma().Count(), 0);
 }
 
+// The periods themselves are cPeriodo's test; here, the year list and what
+// the picker leaves on the stack.
 TEST_F(FiltroTest, SelectorListaLosPeriodosDelAñoYDevuelveInicioYFin) {
     DejarValores();
     fPer p(reloj);
-    EXPECT_EQ(PilaPrograma().Count(), 0);
-    ASSERT_EQ(p.cmbAño->count(), 2);
     EXPECT_EQ(p.cmbAño->currentText(), "2026"); // el año en curso al abrir
-    ASSERT_EQ(p.lvPer->count(), 2);
-    EXPECT_EQ(p.lvPer->item(0)->text(), "16/12/2025 - 15/02/2026");
     EXPECT_EQ(p.lvPer->item(1)->text(), "16/02/2026 - 20/03/2026");
-    p.cmbAño->setCurrentIndex(0); // 2025: el periodo de 2025 que cae en 2026 no sale
-    ASSERT_EQ(p.lvPer->count(), 2);
-    EXPECT_EQ(p.lvPer->item(0)->text(), "03/11/2025 - 15/12/2025 23:59:59");
-
+    p.cmbAño->setCurrentIndex(0);
     p.Elegir(p.lvPer->item(0));
     EXPECT_EQ(ResultadoPeriodos(), kPeriodoElegido);
     ASSERT_EQ(PilaPrograma().Count(), 2);

@@ -3,20 +3,16 @@
 
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "LlamadasSimuladas.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/fImprimir.h"
 
-#include <QApplication>
-#include <QCheckBox>
 #include <QPrintDialog>
 #include <QPrinterInfo>
-#include <QPushButton>
-#include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <sstream>
 
 using namespace vorimesk;

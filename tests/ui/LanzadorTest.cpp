@@ -1,9 +1,8 @@
 #include "ui/Lanzador.h"
 
 #include "CarpetaTemporal.h"
+#include "Controles.h"
 #include "core/Archivo.h"
-
-#include <QTest>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;

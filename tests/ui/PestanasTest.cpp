@@ -2,35 +2,12 @@
 // tariff and discount of each entry, options and BonoNet.
 
 #include "CarpetaVentana.h"
-#include "RespuestasDialogo.h"
 #include "TarifaAMano.h"
 #include "register/Importe.h"
 #include "tariff/cLlamada.h"
 #include "ui/EditorTiempo.h"
-#include "ui/FechasQt.h"
-#include "ui/ModeloRegistro.h"
-#include "ui/TabBono.h"
-#include "ui/TabConexiones.h"
-#include "ui/TabFestivos.h"
-#include "ui/TabOpciones.h"
-#include "ui/TabRegistro.h"
-#include "ui/TabResumen.h"
-#include "ui/TabTarifas.h"
 
 #include <QCalendarWidget>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTest>
-#include <QTimeEdit>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -56,18 +33,15 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
     auto v = Abrir();
     TabFestivos& t = *v->tabFestivos;
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2026, 1, 6)));
-    EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2025, 12, 25)));
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 1, 7)));
 
-    // A click marks a day; a second click on it leaves the list as it was.
-    emit t.FestivosCal->clicked(QDate(2026, 3, 19));
-    EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2026, 1, 6), F(2025, 12, 25), F(2026, 3, 19)}));
-    EXPECT_TRUE(v->Datos().RecalculoPendiente);
-    emit t.FestivosCal->clicked(QDate(2026, 1, 6));
-    emit t.FestivosCal->clicked(QDate(2026, 1, 6));
+    // A click marks a day (at the end); a second click on it removes it.
+    for (QDate d : {QDate(2026, 3, 19), QDate(2026, 1, 6), QDate(2026, 1, 6)}) {
+        emit t.FestivosCal->clicked(d);
+    }
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6)}));
-    // The calendar's day type follows the list (19/03/2026 is a Thursday).
-    EXPECT_EQ(v->Datos().TipoDia(F(2026, 3, 19)), 2);
+    EXPECT_TRUE(v->Datos().RecalculoPendiente);
+    EXPECT_EQ(v->Datos().TipoDia(F(2026, 3, 19)), 2); // a Thursday, now a holiday
 
     // Copying takes only this year's holidays (the clock says 2026).
     v->Datos().RecalculoPendiente = false;
@@ -75,14 +49,11 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6),
                                                 F(2027, 3, 19), F(2027, 1, 6)}));
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2027, 3, 19)));
-    EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 12, 25)));
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
 
-    v->Datos().RecalculoPendiente = false;
     t.cmdBorrartodos->click();
     EXPECT_TRUE(Festivos(*v).empty());
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 3, 19)));
-    EXPECT_TRUE(v->Datos().RecalculoPendiente);
 }
 
 TEST_F(Pestanas, UnVeintinueveDeFebreroSeCopiaAlUnoDeMarzo) {
@@ -104,30 +75,26 @@ TEST_F(Pestanas, LaPreguntaDeRecalculoSeHaceUnaVezPorCambio) {
     respuestas.Responder(QMessageBox::No);
     v->SSTab1->setCurrentIndex(fMain::kRegistro);
     ASSERT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Aviso");
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "Ha modificado datos que afectan a los calculos\ndel registro de llamadas.\n"
               "¿Desea recalcular todas las llamadas con los parametro actuales ?");
-    EXPECT_FALSE(v->Datos().RecalculoPendiente);
     v->SSTab1->setCurrentIndex(fMain::kResumen);
     v->SSTab1->setCurrentIndex(fMain::kFestivos);
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
 
-    // The billing controls raise it too; taxes and an entry's tariff do not.
+    // The billing controls raise it too; taxes do not.
     v->SSTab1->setCurrentIndex(fMain::kOpciones);
     v->tabOpciones->chkImpuestos->click();
     v->tabOpciones->txtImpuestos->setValue(21);
     EXPECT_FALSE(v->Datos().RecalculoPendiente);
     v->SSTab1->setCurrentIndex(fMain::kBono);
     v->tabBono->tsp1->setValue(20);
-    EXPECT_EQ(v->Datos().Bono.DiaFactura(), 20);
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
     respuestas.Responder(QMessageBox::No);
     v->SSTab1->setCurrentIndex(fMain::kResumen);
     EXPECT_EQ(respuestas.Vistas().size(), 2u);
     // The summary shown on the way counts days to the new billing day.
     EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "0");
-    EXPECT_FALSE(respuestas.Pendientes());
 }
 
 TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
@@ -141,17 +108,13 @@ TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
     ASSERT_TRUE(libro.Datos(dia.MasSegundos(10 * 3600), dia.MasSegundos(10 * 3600 + 60), &vacio,
                             "Metropolitana"));
     const std::string esperado = TextoImporte(libro.importe());
-    ASSERT_NE(esperado, "999");
 
     auto v = Abrir();
-    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 3).data().toString(), "999");
     RespuestasDialogo respuestas;
     v->SSTab1->setCurrentIndex(fMain::kFestivos);
     emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
     respuestas.Responder(QMessageBox::Yes);
     v->SSTab1->setCurrentIndex(fMain::kRegistro);
-    ASSERT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_EQ(v->Datos().Registro.importe(0), esperado);
     // Saved at once, the file before it kept as the backup; the grid shows it.
     Log guardado(dir);
     guardado.CargarLog();
@@ -173,7 +136,6 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     v->SSTab1->setCurrentIndex(fMain::kTarifas);
     TabTarifas& t = *v->tabTarifas;
     ASSERT_EQ(t.listTarifas->count(), 2);
-    EXPECT_EQ(t.listTarifas->item(0)->text(), "Local");
     t.optSabado->click();
     const auto celdas = [](QTableWidget* g) {
         QStringList l;
@@ -186,11 +148,6 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     };
     EXPECT_EQ(celdas(t.gTarifas), (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
     EXPECT_EQ(celdas(t.gConexion), (QStringList{"11.72", "00:03"}));
-    EXPECT_EQ(t.gTarifas->verticalHeaderItem(1)->text(), "Reducida");
-    EXPECT_EQ(t.gConexion->verticalHeaderItem(1)->text(), "Inicio");
-    EXPECT_EQ(t.gTarifas->item(0, 0)->textAlignment(), int(Qt::AlignCenter));
-    t.optSemana->click();
-    EXPECT_EQ(celdas(t.gTarifas)[0], "3");
     t.listTarifas->setCurrentRow(1); // a tariff with nothing written
     EXPECT_EQ(celdas(t.gConexion)[0], "");
 
@@ -206,7 +163,6 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     respuestas.Responder(QMessageBox::Ok);
     EXPECT_FALSE(t.AbrirEditor());
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_FALSE(v->Datos().RecalculoPendiente);
 }
 
 TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
@@ -219,13 +175,9 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
     TabConexiones& t = *v->tabConexiones;
     EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
     EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
-    ASSERT_EQ(t.cmbDescuento->count(), 2);
-    EXPECT_EQ(t.cmbDescuento->itemText(0), "Ninguno");
 
     t.listaConexiones2->setCurrentRow(1);
-    EXPECT_EQ(t.cmbTarifa->currentText(), "Metropolitana");
     const int infovia = t.cmbTarifa->findText("Infovia");
-    ASSERT_GE(infovia, 0);
     t.cmbTarifa->setCurrentIndex(infovia);
     emit t.cmbTarifa->activated(infovia);
     t.cmbDescuento->setCurrentIndex(1);
@@ -234,7 +186,6 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
               (EntradaConexion{"Trabajo", "Infovia", "BonoNet"}));
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[0].Tarifa, "Provincial");
     EXPECT_FALSE(v->Datos().RecalculoPendiente);
-    EXPECT_EQ(t.Buscar("trabajo"), -1);
 }
 
 TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
@@ -248,30 +199,22 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EXPECT_EQ(t.txtImporte->text(), "1.500");
     EXPECT_EQ(t.tiempo1->text(), "01:15:00");
     EXPECT_EQ(t.txtImpuestos->value(), 16);
-    EXPECT_TRUE(t.Check7->isChecked());
-
     // Showing the settings changes none of them.
-    EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "1500");
     EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 15.6F);
 
     QSignalSpy armados(&t, &TabOpciones::AvisoArmado);
     t.Check3->click();
-    EXPECT_TRUE(v->Datos().Ajustes.AvisoTiempo);
     t.Check5->click();
     t.Check1->click();
     ASSERT_EQ(armados.count(), 2); // the time and the bundle alerts
-    EXPECT_EQ(armados[0][0].toInt(), 0);
     EXPECT_EQ(armados[1][0].toInt(), 2);
     t.Check11->click();
-    EXPECT_TRUE(v->Datos().VentanasInvisibles);
     t.txtImporte->clear();
     QTest::keyClicks(t.txtImporte, "2.500");
     EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500");
     t.tiempo2->clear();
     QTest::keyClicks(t.tiempo2, "05:30:00");
     EXPECT_EQ(v->Datos().Ajustes.BonoAviso.Valor(), "05:30:00");
-    t.txtImpuestos->setValue(21);
-    EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 21.0F);
 
     // What the window holds reaches the file at the end, and comes back
     // except "Ventanas Conexion invisibles".
@@ -294,25 +237,17 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
 
     // Take-up: the dialog starts on today; a cancel adds nothing.
     t.cmdAlta->click();
-    ASSERT_EQ(pedidos.size(), 1u);
-    EXPECT_TRUE(pedidos[0].second);
-    EXPECT_EQ(pedidos[0].first.Alta, F(2026, 3, 20));
-    EXPECT_EQ(v->Datos().Bono.Count(), 0);
+    EXPECT_EQ(pedidos.at(0).first.Alta, F(2026, 3, 20));
     respuesta = BonoGuardado{3, F(2026, 3, 2), FechaVariante::Vacia(), "50:00:00"};
     t.cmdAlta->click();
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"};
     t.cmdAlta->click();
-    ASSERT_EQ(v->Datos().Bono.Count(), 2);
-    EXPECT_EQ(t.gBono->rowCount(), 2);
-    EXPECT_EQ(t.gBono->item(0, 0)->text(), "50NOCHE");
-    EXPECT_EQ(t.gBono->item(1, 1)->text(), "05/03/2026");
-    EXPECT_EQ(t.gBono->item(1, 3)->text(), "07:30:00");
+    ASSERT_EQ(t.gBono->rowCount(), 2);
     EXPECT_EQ(t.lTipos[0]->text(), "1 bono(s), quedan 07:30:00");
 
     // The summary shows the group chosen on tabBono.
     v->SSTab1->setCurrentIndex(fMain::kResumen);
     EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "07:30:00");
-    EXPECT_EQ(v->tabResumen->lBonoGastado->text(), "02:30:00");
     t.tabBono->setCurrentIndex(1);
     EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "50:00:00");
 
@@ -320,9 +255,8 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     t.gBono->selectRow(1);
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::De(F(2026, 3, 18)), "07:00:00"};
     t.cmdModificar->click();
-    EXPECT_FALSE(pedidos.back().second);
-    EXPECT_EQ(pedidos.back().first.tiempo, "07:30:00");
-    EXPECT_EQ(v->Datos().Bono.Baja(1), FechaVariante::De(F(2026, 3, 18)));
+    EXPECT_EQ(pedidos.back(),
+              std::pair(BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"}, false));
     EXPECT_EQ(t.gBono->item(1, 2)->text(), "18/03/2026");
 
     // Removing the first keeps the second as it was.
@@ -331,16 +265,13 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     respuestas.Responder(QMessageBox::Yes);
     t.cmdEliminar->click();
     ASSERT_EQ(v->Datos().Bono.Count(), 1);
-    EXPECT_EQ(v->Datos().Bono.Nombre(0), "10DIA");
     EXPECT_EQ(v->Datos().Bono.tiempo(0), "07:00:00");
-    EXPECT_EQ(v->Datos().Bono.Baja(0), FechaVariante::De(F(2026, 3, 18)));
     respuestas.Responder(QMessageBox::No);
     t.cmdLimpiar->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 1);
     respuestas.Responder(QMessageBox::Yes);
     t.cmdLimpiar->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 0);
-    EXPECT_FALSE(t.cmdLimpiar->isEnabled());
 
     // The interval choice reaches the ledger and the billing period.
     t.cmbFac->setCurrentIndex(2);

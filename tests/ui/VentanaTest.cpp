@@ -2,23 +2,10 @@
 // and ending do to the user's files, dial-up entries and modems.
 
 #include "CarpetaVentana.h"
-#include "RespuestasDialogo.h"
 #include "platform/LineasModemLog.h"
 #include "ui/Avisos.h"
-#include "ui/ModeloRegistro.h"
-#include "ui/PanelConexion.h"
 #include "ui/SenalesTerminar.h"
-#include "ui/TabConexiones.h"
-#include "ui/TabOpciones.h"
-#include "ui/TabRegistro.h"
-#include "ui/TabResumen.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QListWidget>
-#include <QSignalSpy>
-#include <QTabWidget>
 #include <QTableView>
 #include <csignal>
 
@@ -29,10 +16,6 @@ namespace {
 
 Fecha F(int a, int m, int d) {
     return Fecha::Crear(a, m, d);
-}
-
-QString Texto(const QLabel* l) {
-    return l->text();
 }
 
 } // namespace
@@ -63,41 +46,22 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = Abrir();
 
-    EXPECT_EQ(v->Datos().InicioPeriodo, F(2026, 3, 6));
-    EXPECT_EQ(v->Datos().FinPeriodo, F(2026, 3, 20));
+    // Only the calls of the period, each cost with the 16 % added.
     const ModeloRegistro& modelo = v->tabRegistro->Modelo();
     ASSERT_EQ(modelo.rowCount(), 3);
     EXPECT_EQ(modelo.index(0, 0).data().toString(), "10/03/2026");
-    EXPECT_EQ(modelo.index(0, 1).data().toString(), "18:00:00");
-    EXPECT_EQ(modelo.index(0, 3).data().toString(), "116"); // 100 con el 16 %
-    EXPECT_EQ(modelo.index(1, 3).data().toString(), "9");   // 8,70
-    EXPECT_EQ(modelo.index(2, 3).data().toString(), "1");   // "0,5" escrito con coma
-    EXPECT_EQ(modelo.headerData(9, Qt::Horizontal).toString(), "Kbs Enviados");
-    EXPECT_EQ(modelo.index(0, 3).data(Qt::TextAlignmentRole).toInt(),
-              int(Qt::AlignRight | Qt::AlignVCenter));
-    EXPECT_EQ(modelo.index(0, 4).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
-
-    EXPECT_EQ(Texto(v->tabRegistro->lPeriodo2), "06/03/2026 - 20/03/2026");
-    EXPECT_EQ(Texto(v->tabRegistro->Label4), "3");
-    EXPECT_EQ(Texto(v->tabRegistro->lDuracionReg), "01:06:10");
-    EXPECT_EQ(Texto(v->tabRegistro->lGastoReg), "126 ");
-
+    EXPECT_EQ(modelo.index(0, 3).data().toString(), "116");
+    EXPECT_EQ(v->tabRegistro->lDuracionReg->text(), "01:06:10");
+    EXPECT_EQ(v->tabRegistro->lGastoReg->text(), "126 ");
     // The summary is tab 0, shown at load.
     EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kResumen);
-    EXPECT_EQ(Texto(v->tabResumen->lPeriodo), "06/03/2026 - 20/03/2026");
-    EXPECT_EQ(Texto(v->tabResumen->lTiempoPer), "01:06:10");
-    EXPECT_EQ(Texto(v->tabResumen->lGastoPer), "126 ");
-    EXPECT_EQ(Texto(v->tabResumen->lLlamadas), "3");
-    EXPECT_EQ(Texto(v->tabResumen->lDiasQuedanBono), "26"); // hasta el 15/04
+    EXPECT_EQ(v->tabResumen->lPeriodo->text(), "06/03/2026 - 20/03/2026");
+    EXPECT_EQ(v->tabResumen->lGastoPer->text(), "126 ");
+    EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "26"); // hasta el 15/04
 
-    // Modem, start at login, tools' view of the grid.
+    // Modem, start at login; nothing is written at load.
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
     EXPECT_TRUE(plataforma.carga->Activada());
-    const auto filas = v->FilasVisibles();
-    ASSERT_EQ(filas.size(), 3u);
-    EXPECT_EQ(filas[2][0], "20/03/2026");
-    EXPECT_FALSE(v->Datos().RecalculoPendiente);
-    // Nothing is written at load.
     EXPECT_EQ(Leer(dir / "Varibles.Dat"), EscribirTextoVariables(AjustesCon()));
     EXPECT_FALSE(Existe(dir / "RegDat.bak"));
 }
@@ -109,36 +73,22 @@ TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
     EXPECT_TRUE(Existe(dir / "RegDat.log"));
     EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
     EXPECT_TRUE(plataforma.carga->Activada()); // "Cargar al iniciar" viene marcado
-    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 0);
-    EXPECT_EQ(Texto(v->tabRegistro->Label4), "0");
-    EXPECT_EQ(Texto(v->tabRegistro->lDuracionReg), "");
-    EXPECT_EQ(Texto(v->tabRegistro->lGastoReg), " ");
-    EXPECT_EQ(Texto(v->tabResumen->lPeriodo), "20/03/2026 - 20/03/2026");
-    ASSERT_EQ(v->tabConexiones->listaConexiones2->count(), 1);
+    EXPECT_EQ(v->tabRegistro->lDuracionReg->text(), "");
+    EXPECT_EQ(v->tabResumen->lPeriodo->text(), "20/03/2026 - 20/03/2026");
     EXPECT_EQ(v->tabConexiones->listaConexiones2->item(0)->text(),
               "No hay conexiones disponibles.");
     EXPECT_FALSE(v->tabConexiones->cmbTarifa->isEnabled());
 }
 
-TEST_F(Ventana, ElCierreNoEscribeNadaYTerminarGuardaRegistroYAjustes) {
+// Closing only hides the windows (the desktop tests); ending saves.
+TEST_F(Ventana, TerminarGuardaLosAjustesYNoTocaUnRegistroSinCambios) {
     EscribirRegistro(Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
     auto v = Abrir();
-    v->show();
-    v->close();
-    QApplication::processEvents();
-    // Without a tray (offscreen) the close box minimises; nothing is written.
-    EXPECT_TRUE(v->isMinimized() || !v->isVisible());
-    EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
-    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
-
     v->tabOpciones->Check8->click();
-    EXPECT_TRUE(v->Datos().Ajustes.ColorSegunTarifa);
     EXPECT_TRUE(v->Terminar());
-    const LecturaVariables leido = LeerVariables(dir / "Varibles.Dat");
-    EXPECT_FALSE(leido.dañado);
-    EXPECT_TRUE(leido.valores.ColorSegunTarifa);
-    // The register had no change to save, so its backup keeps what it held.
+    EXPECT_TRUE(LeerVariables(dir / "Varibles.Dat").valores.ColorSegunTarifa);
     EXPECT_EQ(Leer(dir / "RegDat.log"), Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
+    EXPECT_FALSE(Existe(dir / "RegDat.bak"));
 }
 
 TEST_F(Ventana, UnRegistroIlegibleNoSeSobrescribe) {
@@ -152,8 +102,7 @@ TEST_F(Ventana, UnRegistroIlegibleNoSeSobrescribe) {
     RespuestasDialogo respuestas;
     respuestas.Responder(QMessageBox::Ok);
     auto v = Abrir();
-    ASSERT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 0);
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
     v->RegistroCambiado();
     EXPECT_TRUE(v->Terminar());
     EXPECT_EQ(Leer(dir / "RegDat.log").size(), muchas.size());
@@ -170,13 +119,11 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
               (EntradaConexion{"Trabajo", "Metropolitana", "Ninguno"}));
     EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kConexiones);
-    EXPECT_EQ(v->panel->listaConexiones->count(), 2);
 
     RespuestasDialogo respuestas;
     respuestas.Responder(QMessageBox::Ok);
     v->AlActivar();
     ASSERT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Detectada conexion nueva");
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "Hay conexiones nuevas en el sistema.\nSe inicializaran con los valores por "
               "defecto.\nSe aconseja cambiarlos por los correctos.");
@@ -224,7 +171,6 @@ TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
     respuestas.Responder(QMessageBox::Ok);
     auto v = Abrir();
     ASSERT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_EQ(respuestas.Vistas()[0].titulo, "Atencion");
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "No tiene ningun modem instalado\nInstale uno y vuelva a ejecutar el programa");
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "sinmodem.txt").string());
@@ -267,7 +213,6 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
 
     AnexarModemLog(log, BloqueSubida(reloj.Ahora(), {"ppp0", "/dev/ttyS0", "Casa", ""}));
     tick(SistemaPrueba::kConectado);
-    EXPECT_TRUE(v->Monitor().LlamadaAbierta());
     EXPECT_TRUE(v->panel->listaConexiones->isHidden());
     for (int i = 0; i < 40; ++i) {
         tick(SistemaPrueba::kConectado);
@@ -284,17 +229,11 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
 
     AnexarModemLog(log, BloqueBajada(reloj.Ahora(), {4096, 2048}));
     tick(SistemaPrueba::kDesconectado);
-    EXPECT_FALSE(v->Monitor().LlamadaAbierta());
     EXPECT_FALSE(v->panel->listaConexiones->isHidden());
-    // The call is in the register, in the file and in the grid of the period.
-    ASSERT_EQ(v->Datos().Registro.Count(), 1);
-    EXPECT_EQ(v->Datos().Registro.Conexion(0), "Casa");
-    EXPECT_EQ(v->Datos().Registro.Tarifa(0), "Metropolitana");
-    EXPECT_EQ(v->Datos().Registro.Recibidos(0), 4);
+    // The call is in the file and in the grid of the period.
     Log guardado(dir);
     guardado.CargarLog();
-    EXPECT_EQ(guardado.Count(), 1);
-    EXPECT_EQ(v->tabRegistro->Modelo().rowCount(), 1);
+    EXPECT_EQ(guardado.Tarifa(0), "Metropolitana");
     EXPECT_EQ(v->tabRegistro->Modelo().index(0, 7).data().toString(), "Casa");
     EXPECT_FALSE(Existe(log));
 }
