@@ -1,149 +1,177 @@
-// The pppd hook run as pppd runs it: its lines must be exactly those of the
-// program's own formatter, in the columns the log reader cuts.
+// The pppd hook run as Debian runs it (pppd -> ip-up/ip-down -> run-parts):
+// one journal record per finished link, its times from pppd, its files in a
+// root-only folder, and nothing written anywhere else.
 
 #include "GanchoPpp.h"
 
 #include "CarpetaTemporal.h"
-#include "core/Reloj.h"
-#include "platform/LineasModemLog.h"
 
-#include <cmath>
-#include <cstdio>
+#include <chrono>
+#include <ctime>
+#include <grp.h>
 #include <set>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
 
 namespace {
 
-using Entorno = std::vector<std::string>;
-
-// The moment written in columns 1-19 of a log line.
-std::optional<Fecha> Sello(const std::string& linea) {
-    int mes = 0, dia = 0, año = 0, h = 0, m = 0, s = 0;
-    if (linea.size() < 26 ||
-        std::sscanf(linea.c_str(), "%2d-%2d-%4d %2d:%2d:%2d", &mes, &dia, &año, &h, &m, &s) != 6) {
-        return std::nullopt;
-    }
-    return Fecha::Crear(año, mes, dia, h, m, s);
+long long Ahora() {
+    return static_cast<long long>(std::time(nullptr));
 }
 
-std::vector<std::string> Lineas(const std::string& texto) {
-    std::vector<std::string> lineas;
-    std::size_t inicio = 0;
-    while (inicio < texto.size()) {
-        const auto fin = texto.find("\r\n", inicio);
-        if (fin == std::string::npos) {
-            lineas.push_back(texto.substr(inicio) + "(sin CR LF)");
-            break;
-        }
-        lineas.push_back(texto.substr(inicio, fin - inicio));
-        inicio = fin + 2;
-    }
-    return lineas;
+long long Numero(const std::string& texto) {
+    return texto.empty() ? -1 : std::stoll(texto);
 }
 
-class GanchoPpp : public prueba::CarpetaTemporal {
+struct stat Stat(const fs::path& p) {
+    struct stat s {};
+    EXPECT_EQ(::lstat(p.c_str(), &s), 0) << p;
+    return s;
+}
+
+class GanchoPpp : public CarpetaTemporal {
 protected:
     void SetUp() override {
-        prueba::InstalarGancho(dir);
-        log = dir / "modemlog.txt";
+        if (::geteuid() != 0) {
+            GTEST_SKIP() << "el gancho solo escribe como root en un diario de root: hace falta "
+                            "ser root para probarlo";
+        }
+        InstalarGancho(dir, diario);
     }
-    int Ejecutar(const char* fase, const std::vector<std::string>& args, Entorno entorno) {
-        entorno.push_back("VORIMESK_MODEMLOG=" + log.string());
-        return prueba::EsperarGancho(prueba::LanzarGancho(dir / fase / "vorimesk", args, entorno));
-    }
-    // The block's moment, from its first line; the block is then compared
-    // with the formatter's for that moment, which fixes every column.
-    // Month before day: a swap would land weeks or months away.
-    static Fecha Momento(const std::string& texto) {
-        const Fecha f = Sello(texto).value_or(Fecha());
-        EXPECT_LE(std::abs(f.Segundos() - RelojSistema().Ahora().Segundos()), 120) << texto;
-        return f;
-    }
-
-    fs::path log;
+    fs::path diario = dir / "lib" / "sesiones";
 };
 
-const std::vector<std::string> kArgsPppd = {"ppp0",     "/dev/ttyS0", "115200",
-                                            "10.0.0.2", "10.0.0.1",   "casa"};
+TEST_F(GanchoPpp, UnaSesionPorEnlaceConSusDatosTiempoDePppdYPermisos) {
+    const EnlaceFalso e;
+    const long long antes = Ahora();
+    ASSERT_EQ(Subir(dir, e), 0);
+    EXPECT_EQ(Registros(diario), std::vector<std::string>{"ppp0-4242.inicio"})
+        << "ip-up solo deja el estado de la subida";
+    EXPECT_EQ(Campos(diario / "ppp0-4242.inicio")["entrada"], "casa");
 
-TEST_F(GanchoPpp, SesionCompletaConElEntornoDePppdIgualQueElFormateador) {
-    ASSERT_EQ(Ejecutar("ip-up.d", kArgsPppd,
-                       {"PPP_IFACE=ppp0", "PPP_TTY=/dev/ttyS0", "PPP_SPEED=115200", "LINKNAME=casa",
-                        "IPPARAM=casa", "CALL_FILE=casa"}),
+    ASSERT_EQ(Bajar(dir, e, "0125", 153600, 20480), 0);
+    const long long despues = Ahora();
+    const auto nombres = Registros(diario);
+    ASSERT_EQ(nombres.size(), 1u) << "el estado de la subida se va con la bajada";
+    auto c = Campos(diario / nombres[0]);
+    EXPECT_EQ(nombres[0], c["fin"] + "-ppp0-4242.sesion");
+    EXPECT_EQ(c["formato"], "1");
+    EXPECT_EQ(c["interfaz"], "ppp0");
+    EXPECT_EQ(c["pid"], "4242");
+    EXPECT_EQ(c["entrada"], "casa");
+    EXPECT_EQ(c["tty"], "/dev/ttyS0");
+    EXPECT_EQ(c["velocidad"], "115200");
+    EXPECT_EQ(c["recibidos"], "153600");
+    EXPECT_EQ(c["enviados"], "20480");
+    EXPECT_GE(Numero(c["fin"]), antes);
+    EXPECT_LE(Numero(c["fin"]), despues);
+    EXPECT_EQ(Numero(c["fin"]) - Numero(c["inicio"]), 125) << "CONNECT_TIME, con su cero delante";
+
+    // root:grupo-del-diario 0750, registros 0640: nadie mas escribe.
+    const struct stat d = Stat(diario);
+    EXPECT_EQ(d.st_uid, 0u);
+    EXPECT_EQ(d.st_mode & 07777, 0750u);
+    const struct stat r = Stat(diario / nombres[0]);
+    EXPECT_TRUE(S_ISREG(r.st_mode));
+    EXPECT_EQ(r.st_uid, 0u);
+    EXPECT_EQ(r.st_gid, d.st_gid);
+    EXPECT_EQ(r.st_mode & 07777, 0640u);
+    if (const group* dip = ::getgrnam("dip")) {
+        EXPECT_EQ(d.st_gid, dip->gr_gid) << "el diario nuevo es del grupo dip";
+    }
+}
+
+TEST_F(GanchoPpp, SinConnectTimeElInicioEsElDeLaSubidaYSinNadaUnaLlamadaSinTiempo) {
+    const EnlaceFalso e;
+    ASSERT_EQ(Subir(dir, e), 0);
+    const long long subida = Numero(Campos(diario / "ppp0-4242.inicio")["inicio"]);
+    ASSERT_EQ(Bajar(dir, e, "", 10, 20), 0);
+    auto c = Campos(diario / Registros(diario).at(0));
+    EXPECT_EQ(Numero(c["inicio"]), subida);
+    fs::remove_all(diario);
+
+    // Datos raros de pppd: ni tiempo valido ni subida, bytes que no son numeros,
+    // nombres con saltos de linea o barras.
+    EnlaceFalso raro;
+    raro.interfaz = "../ppp9";
+    raro.peer = "mi\ncasa\r";
+    raro.velocidad = "rapido";
+    ASSERT_EQ(EsperarGancho(LanzarGancho(dir / "ip-down", raro.Args(),
+                                         {"IFNAME=../ppp9", "CALL_FILE=mi\ncasa\r", "PPPD_PID=77",
+                                          "CONNECT_TIME=12x", "BYTES_RCVD=12abc"})),
               0);
-    const std::string subida = Leer(log);
-    const Fecha t1 = Momento(subida);
-    EXPECT_EQ(subida, BloqueSubida(t1, {"ppp0", "/dev/ttyS0", "casa", "115200"}));
-
-    ASSERT_EQ(Ejecutar("ip-down.d", kArgsPppd,
-                       {"PPP_IFACE=ppp0", "PPP_TTY=/dev/ttyS0", "LINKNAME=casa", "IPPARAM=casa",
-                        "BYTES_RCVD=153600", "BYTES_SENT=20480", "CONNECT_TIME=120"}),
-              0);
-    const std::string todo = Leer(log);
-    ASSERT_EQ(todo.rfind(subida, 0), 0u) << "la bajada se anade detras";
-    const std::string bajada = todo.substr(subida.size());
-    EXPECT_EQ(bajada, BloqueBajada(Momento(bajada), {153600, 20480}));
-    EXPECT_EQ(Lineas(bajada).at(0).substr(25), "Reads : 153600 bytes");
+    const auto nombres = Registros(diario);
+    ASSERT_EQ(nombres.size(), 1u);
+    c = Campos(diario / nombres[0]);
+    EXPECT_EQ(nombres[0], c["fin"] + "-___ppp9-77.sesion") << "el nombre no sale del diario";
+    EXPECT_EQ(c["interfaz"], "../ppp9");
+    EXPECT_EQ(c["entrada"], "micasa");
+    EXPECT_EQ(c["velocidad"], "");
+    EXPECT_EQ(c["inicio"], c["fin"]);
+    EXPECT_EQ(c["recibidos"], "0");
+    EXPECT_EQ(c["enviados"], "0");
 }
 
-TEST_F(GanchoPpp, SoloConLosArgumentosDePppdOConDatosRaros) {
-    // pppd without Debian's wrapper: the arguments alone, ipparam as entry.
-    ASSERT_EQ(
-        Ejecutar("ip-up.d", {"ppp2", "/dev/ttyUSB0", "57600", "1.2.3.4", "5.6.7.8", "movil"}, {}),
-        0);
-    const std::string subida = Leer(log);
-    EXPECT_EQ(subida, BloqueSubida(Momento(subida), {"ppp2", "/dev/ttyUSB0", "movil", "57600"}));
-    fs::remove(log);
-
-    // No speed or entry; a name with a line break stays on its line.
-    ASSERT_EQ(Ejecutar("ip-up.d", {}, {"PPP_IFACE=ppp0", "LINKNAME=mi\ncasa"}), 0);
-    const std::string rara = Leer(log);
-    EXPECT_EQ(rara, BloqueSubida(Momento(rara), {"ppp0", "", "micasa", ""}));
-    fs::remove(log);
-
-    ASSERT_EQ(Ejecutar("ip-down.d", {}, {"BYTES_RCVD=12abc"}), 0);
-    const std::string bajada = Leer(log);
-    EXPECT_EQ(bajada, BloqueBajada(Momento(bajada), {0, 0}));
+TEST_F(GanchoPpp, UnScriptAnteriorLentoNoMueveLaHoraDeLaBajada) {
+    // run-parts runs ip-down.d in name order: this one goes first.
+    EscribirEjecutable(dir / "ip-down.d" / "00lento", "#!/bin/sh\nsleep 3\n");
+    const EnlaceFalso e;
+    ASSERT_EQ(Subir(dir, e), 0);
+    const long long bajada = Ahora();
+    ASSERT_EQ(Bajar(dir, e, "61", 1, 2), 0);
+    EXPECT_GE(Ahora() - bajada, 3) << "el script lento corrio antes";
+    auto c = Campos(diario / Registros(diario).at(0));
+    EXPECT_LE(std::abs(Numero(c["fin"]) - bajada), 1) << "el fin es cuando pppd bajo el enlace";
+    EXPECT_EQ(Numero(c["fin"]) - Numero(c["inicio"]), 61);
 }
 
-TEST_F(GanchoPpp, CreaLaCarpetaParaQueElUsuarioPuedaBorrarElLog) {
-    log = dir / "spool" / "vorimesk" / "modemlog.txt";
-    ASSERT_EQ(Ejecutar("ip-up.d", kArgsPppd, {}), 0);
-    struct stat carpeta {
-    }, archivo{};
-    ASSERT_EQ(::stat(log.parent_path().c_str(), &carpeta), 0);
-    ASSERT_EQ(::stat(log.c_str(), &archivo), 0);
-    EXPECT_EQ(carpeta.st_mode & 07777, 0777u) << "escribible por todos y sin bit pegajoso";
-    EXPECT_EQ(archivo.st_mode & 07777, 0666u);
-}
-
-TEST_F(GanchoPpp, EnlacesQueTerminanALaVezNoMezclanSusLineas) {
-    constexpr int kEnlaces = 40;
+TEST_F(GanchoPpp, EnlacesQueTerminanALaVezDejanUnRegistroCadaUno) {
+    ASSERT_EQ(Subir(dir, EnlaceFalso{}), 0); // the journal exists before the rush
+    constexpr int kEnlaces = 30;
     std::vector<pid_t> hijos;
     for (int i = 1; i <= kEnlaces; ++i) {
-        Entorno e = {"BYTES_RCVD=" + std::to_string(i), "BYTES_SENT=" + std::to_string(i * 10),
-                     "VORIMESK_MODEMLOG=" + log.string()};
-        hijos.push_back(
-            prueba::LanzarGancho(dir / "ip-down.d" / "vorimesk", {"ppp" + std::to_string(i)}, e));
+        EnlaceFalso e;
+        e.interfaz = "ppp" + std::to_string(i);
+        e.pid = 1000 + i;
+        hijos.push_back(LanzarBajada(dir, e, "5", static_cast<std::uint64_t>(i), i * 10u));
     }
     for (const pid_t h : hijos) {
-        EXPECT_EQ(prueba::EsperarGancho(h), 0);
+        EXPECT_EQ(EsperarGancho(h), 0);
     }
-    const auto lineas = Lineas(Leer(log));
-    ASSERT_EQ(lineas.size(), 3u * kEnlaces);
-    std::set<int> vistos;
-    for (std::size_t i = 0; i < lineas.size(); i += 3) {
-        int leidos = 0, escritos = 0;
-        ASSERT_EQ(std::sscanf(lineas[i].c_str() + 25, "Reads : %d bytes", &leidos), 1) << i;
-        ASSERT_EQ(std::sscanf(lineas[i + 1].c_str() + 25, "Writes: %d bytes", &escritos), 1);
-        EXPECT_EQ(escritos, leidos * 10) << "las lineas de dos enlaces se mezclaron";
-        EXPECT_EQ(lineas[i + 2].substr(25), "Modem closed.");
-        vistos.insert(leidos);
+    std::set<std::string> vistos;
+    for (const auto& n : Registros(diario)) {
+        if (n.ends_with(".sesion")) {
+            auto c = Campos(diario / n);
+            EXPECT_EQ(Numero(c["enviados"]), Numero(c["recibidos"]) * 10) << n;
+            EXPECT_EQ(c["interfaz"], "ppp" + std::to_string(Numero(c["recibidos"])));
+            vistos.insert(c["interfaz"]);
+        }
     }
     EXPECT_EQ(vistos.size(), static_cast<std::size_t>(kEnlaces));
+}
+
+TEST_F(GanchoPpp, LaBajadaPodaLosRegistrosDeMasDeNoventaDias) {
+    ASSERT_EQ(Subir(dir, EnlaceFalso{}), 0);
+    for (const char* n : {"viejo.sesion", "reciente.sesion", ".nueva.abandonada", "viejo.inicio"}) {
+        Escribir(diario / n, "formato=1\n");
+    }
+    const auto atras = [&](const char* n, int dias) {
+        const auto t = fs::file_time_type::clock::now() - std::chrono::hours(24 * dias);
+        fs::last_write_time(diario / n, t);
+    };
+    atras("viejo.sesion", 91);
+    atras("viejo.inicio", 91);
+    atras("reciente.sesion", 89);
+    atras(".nueva.abandonada", 2);
+    ASSERT_EQ(Bajar(dir, EnlaceFalso{}, "5", 1, 1), 0);
+    EXPECT_FALSE(Existe(diario / "viejo.sesion"));
+    EXPECT_FALSE(Existe(diario / "viejo.inicio"));
+    EXPECT_FALSE(Existe(diario / ".nueva.abandonada"));
+    EXPECT_TRUE(Existe(diario / "reciente.sesion"));
 }
 
 } // namespace
