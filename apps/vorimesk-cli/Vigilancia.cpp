@@ -45,6 +45,15 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
 void Vigilancia::Iniciar() {
     log_.NombreLog(rutaModemLog_);
     log_.CargarLog();
+    // Calls made while the meter was closed.
+    registro_.UsarSesiones(ajustes_, plataforma_.sesiones);
+    const TomaSesiones::Resultado toma = registro_.TomarSesiones(bono_, pendientes_);
+    for (int i = log_.Count() - toma.Añadidas; i < log_.Count(); ++i) {
+        Escribir(LineaAnotada(log_, i), true);
+    }
+    if (!toma.Error.empty()) {
+        Avisar(toma.Error);
+    }
     linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
                                                  *linea_, carpeta_);
@@ -59,7 +68,7 @@ std::string Vigilancia::RutaLogModem() const {
     if (!modems.empty()) {
         return modems.front().rutaLog.string();
     }
-    return RutaModemLogLinux(EntornoPlataforma::Actual().modemLog).string();
+    return RutaModemLogLinux(EntornoPlataforma::Actual().modemLog, carpeta_).string();
 }
 
 bool Vigilancia::Adquirir() {

@@ -76,7 +76,7 @@ int Ejecutar(AplicacionVorimesk& app) {
     entorno.carpetaPrograma = QCoreApplication::applicationDirPath().toStdString();
     entorno.ejecutable = QCoreApplication::applicationFilePath().toStdString();
     entorno.plataforma = plataforma;
-    entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog);
+    entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog, carpeta);
     entorno.reloj = &reloj;
     entorno.demostracion = opciones.guion.has_value();
 

@@ -148,6 +148,7 @@ void MonitorConexion::AlSoltar(Sucesos& s) {
             fechaAnterior_ = perfil_->fecha();
         }
         perfil_ = nullptr;
+        registro_.LlamadaTerminada(inicioLlamada_);
         s.push_back({SucesoMonitor::Tipo::LlamadaTerminada, entradaLlamada_});
     }
     espera_.Empezar(reloj_.Ahora());

@@ -1,24 +1,49 @@
 #pragma once
-// The call register (Log) as the monitor uses it.
+// The call register (Log) as the monitor uses it. Where the system records
+// every link session by itself (TomaSesiones), the finished calls come from
+// there: at the end of a call the session that covers it is awaited, and
+// whatever sessions were not taken yet are taken with it.
 
 #include "RegistroMonitor.h"
+#include "TomaSesiones.h"
 #include "register/Log.h"
+#include "settings/Settings.h"
+
+#include <memory>
+#include <optional>
 
 namespace vorimesk {
 
 class RegistroLog final : public RegistroMonitor {
 public:
     explicit RegistroLog(Log& log) : log_(log) {}
+    // From now on the calls come from `sesiones`, priced with the entry
+    // profiles of `ajustes`. Null keeps the modem log alone (the scripted
+    // modem writes it itself).
+    void UsarSesiones(const Settings& ajustes, std::shared_ptr<TomaSesiones> sesiones) {
+        ajustes_ = &ajustes;
+        sesiones_ = std::move(sesiones);
+    }
 
+    // The modem log is there, or an ended call still waits for its session.
     bool ExisteModemLog() const override;
     bool AñadirLog(cBono& bono, const std::vector<Fecha>& festivos,
                    colConexion& pendientes) override;
     Fecha DateConexion() const override { return log_.DateConexion(); }
     int Count() const override { return log_.Count(); }
-    void SalvarLog() override { log_.SalvarLog(); }
+    void SalvarLog() override;
+    void LlamadaTerminada(Fecha inicio) override;
+
+    // Takes the sessions recorded while the meter was closed (at start-up,
+    // once the register is loaded). Nothing without a session journal.
+    TomaSesiones::Resultado TomarSesiones(cBono& bono, colConexion& pendientes);
 
 private:
     Log& log_;
+    const Settings* ajustes_ = nullptr;
+    std::shared_ptr<TomaSesiones> sesiones_;
+    std::optional<Fecha> esperada_;  // start of the ended call awaiting its session
+    std::optional<int> guardadoCon_; // the register's size when the taking saved it
 };
 
 } // namespace vorimesk

@@ -26,6 +26,9 @@ public:
     virtual Fecha DateConexion() const = 0;
     virtual int Count() const = 0;
     virtual void SalvarLog() = 0;
+    // A call the monitor watched from `inicio` has ended: a register fed by
+    // a session journal awaits the session that covers it.
+    virtual void LlamadaTerminada(Fecha /*inicio*/) {}
 };
 
 } // namespace vorimesk

@@ -96,11 +96,12 @@ void AnexarModemLog(const fs::path& log, std::string_view bloque) {
     EscribirTodo(archivo.fd(), bloque, log);
 }
 
-fs::path RutaModemLogLinux(const std::optional<std::string>& variable) {
+fs::path RutaModemLogLinux(const std::optional<std::string>& variable,
+                           const fs::path& carpetaDatos) {
     if (variable && !variable->empty()) {
         return *variable;
     }
-    return kModemLogSistema;
+    return carpetaDatos / kModemLogLinux;
 }
 
 } // namespace vorimesk

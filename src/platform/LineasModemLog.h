@@ -6,8 +6,8 @@
 // 24. A session is two blocks:
 //   link up:   "Modem in use: IFACE TTY ENTRY" and "CONNECT SPEED"
 //   link down: "Reads : N bytes", "Writes: N bytes" and "Modem closed."
-// The pppd hook (data/ppp/vorimesk) writes the very same text; tests compare
-// the two. Names only follow "in use", where the reader never looks for a
+// The meter writes each session of the pppd journal this way. Names only
+// follow "in use", where the reader never looks for a
 // hyphen or another keyword.
 
 #include "core/Fecha.h"
@@ -20,10 +20,9 @@
 
 namespace vorimesk {
 
-// Where the pppd hook writes when VORIMESK_MODEMLOG is not set: a folder the
-// hook creates world-writable without sticky bit, so the meter (an ordinary
-// user) can delete the file that root's pppd wrote.
-inline constexpr const char* kModemLogSistema = "/var/spool/vorimesk/modemlog.txt";
+// The modem log of a data folder on Linux: the meter writes each session of
+// the pppd journal there for the register to read (linux/TomaDiarioPpp.h).
+inline constexpr const char* kModemLogLinux = "SesionModem.txt";
 
 struct DatosSubida {
     std::string interfaz;  // ppp0
@@ -44,8 +43,9 @@ std::string BloqueBajada(Fecha cuando, Trafico trafico);
 void AnexarModemLog(const std::filesystem::path& log, std::string_view bloque);
 std::filesystem::path CerrojoModemLog(const std::filesystem::path& log);
 
-// The session log of the Linux backend: `variable` (VORIMESK_MODEMLOG) when
-// set and not empty, else kModemLogSistema.
-std::filesystem::path RutaModemLogLinux(const std::optional<std::string>& variable);
+// The modem log of the Linux backend: `variable` (VORIMESK_MODEMLOG) when set
+// and not empty, else kModemLogLinux in the data folder.
+std::filesystem::path RutaModemLogLinux(const std::optional<std::string>& variable,
+                                        const std::filesystem::path& carpetaDatos);
 
 } // namespace vorimesk

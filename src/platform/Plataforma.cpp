@@ -8,6 +8,7 @@
 #include "platform/linux/InstanciaUnicaFlock.h"
 #include "platform/linux/MarcadorLinux.h"
 #include "platform/linux/ModemsLinux.h"
+#include "platform/linux/TomaDiarioPpp.h"
 #include "platform/simulated/CargaAlIniciarEnMemoria.h"
 #include "platform/simulated/ModemSimulado.h"
 
@@ -45,7 +46,14 @@ Plataforma Linux(const OpcionesPlataforma& o) {
     p.conexiones = std::make_shared<FuenteConexionesLinux>(o.raices);
     p.marcador = std::make_shared<MarcadorLinux>(o.raices, o.ejecutar);
     p.entradas = std::make_shared<EntradasLinux>(o.raices.peers);
-    p.modems = std::make_shared<ModemsLinux>(o.raices.sys, RutaModemLogLinux(o.entorno.modemLog));
+    p.modems = std::make_shared<ModemsLinux>(o.raices.sys,
+                                             RutaModemLogLinux(o.entorno.modemLog, o.carpetaDatos));
+    OrigenSesiones origen;
+    if (o.entorno.sesiones && !o.entorno.sesiones->empty()) {
+        origen.diario = *o.entorno.sesiones;
+    }
+    origen.carpetaDatos = o.carpetaDatos;
+    p.sesiones = std::make_shared<TomaDiarioPpp>(origen);
     p.cargaAlIniciar = std::make_shared<CargaAlIniciarXdg>(
         CargaAlIniciarXdg::Carpeta(o.entorno.xdgConfigHome, o.entorno.home));
     return p;
@@ -55,7 +63,7 @@ Plataforma Linux(const OpcionesPlataforma& o) {
 
 EntornoPlataforma EntornoPlataforma::Actual() {
     return {Variable("HOME"), Variable("XDG_CONFIG_HOME"), Variable("XDG_RUNTIME_DIR"),
-            Variable("VORIMESK_MODEMLOG")};
+            Variable("VORIMESK_MODEMLOG"), Variable("VORIMESK_SESIONES")};
 }
 
 Plataforma CrearPlataforma(const OpcionesPlataforma& o) {

@@ -4,6 +4,7 @@
 // rest of the program only sees the interfaces.
 
 #include "core/Reloj.h"
+#include "monitor/TomaSesiones.h"
 #include "platform/CargaAlIniciar.h"
 #include "platform/FuenteConexiones.h"
 #include "platform/InstanciaUnica.h"
@@ -25,7 +26,8 @@ struct EntornoPlataforma {
     std::optional<std::string> home;          // HOME
     std::optional<std::string> xdgConfigHome; // XDG_CONFIG_HOME: the autostart folder
     std::optional<std::string> xdgRuntimeDir; // XDG_RUNTIME_DIR: the single-instance lock
-    std::optional<std::string> modemLog;      // VORIMESK_MODEMLOG: the session log
+    std::optional<std::string> modemLog;      // VORIMESK_MODEMLOG: the modem log read
+    std::optional<std::string> sesiones;      // VORIMESK_SESIONES: the pppd journal
     static EntornoPlataforma Actual();
 };
 
@@ -48,6 +50,9 @@ struct Plataforma {
     std::shared_ptr<ListaModems> modems;
     std::shared_ptr<CargaAlIniciar> cargaAlIniciar;
     std::shared_ptr<InstanciaUnica> instancia;
+    // The sessions the system recorded by itself (the pppd journal); none
+    // for the scripted modem, which writes its modem log directly.
+    std::shared_ptr<TomaSesiones> sesiones;
 };
 
 // The session log of the scripted modem when VORIMESK_MODEMLOG is not set.

@@ -268,6 +268,12 @@ void fMain::CargarRegistro() {
                     "el archivo.");
     }
     registroLeido_ = true;
+    // Calls made while the meter was closed.
+    registroMonitor_.UsarSesiones(datos_.Ajustes, entorno_.plataforma.sesiones);
+    if (const auto toma = registroMonitor_.TomarSesiones(datos_.Bono, datos_.Conexiones);
+        !toma.Error.empty()) {
+        throw Error(toma.Error);
+    }
 }
 
 void fMain::CalcularPeriodo() {
