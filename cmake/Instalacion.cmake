@@ -27,6 +27,8 @@ add_custom_command(
 add_custom_target(pagina_manual ALL DEPENDS ${_manual})
 install(FILES ${_manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES data/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk)
+# The pppd hook's journal: made at boot with its owner and mode, and pruned.
+install(FILES data/tmpfiles/vorimesk.conf DESTINATION lib/tmpfiles.d)
 
 # The shipped tariff book as a file, for users who want to start over by hand.
 if(TARGET vorimesk-cli)
@@ -54,7 +56,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ppp")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
-    ${PROJECT_SOURCE_DIR}/data/debian/conffiles ${PROJECT_SOURCE_DIR}/data/debian/postrm)
+    ${PROJECT_SOURCE_DIR}/data/debian/conffiles ${PROJECT_SOURCE_DIR}/data/debian/postinst
+    ${PROJECT_SOURCE_DIR}/data/debian/postrm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The pppd hook must land in /etc/ppp whatever the prefix, so the package is
 # staged with DESTDIR and its own /usr prefix.

@@ -22,7 +22,8 @@ for ruta in \
     ./usr/share/vorimesk/ayuda/index.html \
     ./usr/share/vorimesk/Tarifas.Dat \
     ./etc/ppp/ip-up.d/vorimesk \
-    ./etc/ppp/ip-down.d/vorimesk; do
+    ./etc/ppp/ip-down.d/vorimesk \
+    ./usr/lib/tmpfiles.d/vorimesk.conf; do
   if ! grep -qx -- "$ruta" <<<"$lista"; then
     echo "Falta en el paquete: $ruta"
     falta=1
@@ -39,6 +40,9 @@ if [ -n "$fuera" ]; then
   echo "Archivos fuera de /usr y /etc:"; echo "$fuera"; falta=1
 fi
 dpkg-deb -I "$deb" control | grep -q '^Depends:.*libc6' || { echo "El paquete no declara sus dependencias"; falta=1; }
+for guion in postinst postrm; do
+  dpkg-deb -I "$deb" "$guion" | grep -q /var/lib/vorimesk || { echo "Falta el $guion del diario"; falta=1; }
+done
 dpkg-deb -I "$deb" conffiles | grep -q '/etc/ppp/ip-up.d/vorimesk' || { echo "Faltan los conffiles"; falta=1; }
 desktop-file-validate "$fuentes"/data/*.desktop
 appstreamcli validate --no-net "$fuentes"/data/es.vorimesk.Vorimesk.metainfo.xml >/dev/null
