@@ -1,14 +1,28 @@
 // The Linux source on a real kernel interface: a veth pair whose one end is
 // named ppp0, in network namespaces of its own. Needs root and iproute2.
 
+#include "CarpetaTemporal.h"
+#include "GanchoPpp.h"
+#include "settings/ArchivoVariables.h"
+#include "settings/Settings.h"
+#include "tariff/LibroPorDefecto.h"
+
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <spawn.h>
 #include <sstream>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+
+extern char** environ;
 
 namespace {
 
@@ -109,6 +123,246 @@ TEST(EnlaceReal, Veth_ppp0_da_2_mientras_esta_arriba_y_0_al_caer_con_sus_bytes) 
     EXPECT_EQ(caida.bytes, l[4]) << "los bytes finales, leidos al caer";
     EXPECT_GE(caida.tx, movido.tx);
     EXPECT_EQ(l[5], l[3]) << "0 se mantiene hasta el siguiente enlace";
+}
+
+// ---------------------------------------------------------------------------
+// From a real link to the register: links ppp0 and ppp1 come up and go down
+// in the namespace while a stand-in for pppd runs the hook as Debian does
+// (ip-up/ip-down wrapper, run-parts, pppd's environment; pppd's own byte
+// counters and CONNECT_TIME are the stand-in's), and the meter
+// (vorimesk-cli vigilar) watches the namespace's interfaces.
+
+namespace fs = std::filesystem;
+using namespace vorimesk;
+using namespace vorimesk::prueba;
+
+long long Ahora() {
+    return static_cast<long long>(std::time(nullptr));
+}
+
+void Dormir(int segundos) {
+    std::this_thread::sleep_for(std::chrono::seconds(segundos));
+}
+
+// The local time text of a moment, as the register lists it.
+std::string HoraLocal(long long t) {
+    const std::time_t tt = static_cast<std::time_t>(t);
+    std::tm l{};
+    localtime_r(&tt, &l);
+    char texto[16];
+    std::strftime(texto, sizeof texto, "%H:%M:%S", &l);
+    return texto;
+}
+
+std::string Duracion(long long s) {
+    char texto[64];
+    std::snprintf(texto, sizeof texto, "%02lld:%02lld:%02lld", s / 3600, s / 60 % 60, s % 60);
+    return texto;
+}
+
+class EnlaceRealDiario : public CarpetaTemporal {
+protected:
+    void SetUp() override {
+        if (::geteuid() != 0) {
+            GTEST_SKIP() << "hace falta ser root para crear interfaces ppp0 y ppp1 en un "
+                            "espacio de red y correr el gancho de pppd";
+        }
+        if (Sh("ip -V") != 0 || Sh("run-parts --version") != 0) {
+            GTEST_SKIP() << "no estan las ordenes ip (iproute2) o run-parts (debianutils)";
+        }
+        BorrarRestos();
+        const std::string sufijo = std::to_string(::getpid());
+        e = {"vorimesk-diario-" + sufijo, "vorimesk-central-" + sufijo};
+        if (Sh("ip netns add " + e.lado) != 0 || Sh("ip netns add " + e.modem) != 0) {
+            GTEST_SKIP() << "no se permite crear espacios de red aqui (ip netns add)";
+        }
+        for (const char* n : {"0", "1"}) {
+            ASSERT_EQ(Sh("ip -n " + e.lado + " link add ppp" + n + " type veth peer name modem" +
+                         n + " netns " + e.modem),
+                      0);
+            ASSERT_EQ(Sh("ip -n " + e.modem + " link set modem" + std::string(n) + " up"), 0);
+        }
+        InstalarGancho(dir, diario);
+        fs::create_directories(datos);
+        InstalarLibroPorDefecto(datos);
+        Settings ajustes = ValoresPorDefecto();
+        ajustes.EntradasConexion = {{"casa", "Provincial", "Ninguno"},
+                                    {"trabajo", "Interprovincial", "Ninguno"}};
+        ASSERT_FALSE(GuardarVariables(datos / Settings::kNombreArchivo, ajustes).has_value());
+    }
+    void TearDown() override { Parar(); }
+
+    // The link comes up, then pppd runs ip-up; its time starts there.
+    long long Subir(const EnlaceFalso& enlace) {
+        EXPECT_EQ(Sh("ip -n " + e.lado + " link set " + enlace.interfaz + " up"), 0);
+        const long long t = Ahora();
+        EXPECT_EQ(prueba::Subir(dir, enlace), 0);
+        return t;
+    }
+    // pppd takes the interface down, then runs ip-down with the link's time.
+    long long Bajar(const EnlaceFalso& enlace, long long subida, std::uint64_t rx,
+                    std::uint64_t tx) {
+        EXPECT_EQ(Sh("ip -n " + e.lado + " link set " + enlace.interfaz + " down"), 0);
+        const long long segundos = Ahora() - subida;
+        EXPECT_EQ(prueba::Bajar(dir, enlace, std::to_string(segundos), rx, tx), 0);
+        return segundos;
+    }
+
+    // The meter, inside the namespace, over the test's data folder and journal.
+    void Vigilar(const std::vector<std::string>& mas = {}) {
+        std::vector<std::string> args = {"ip",
+                                         "netns",
+                                         "exec",
+                                         e.lado,
+                                         "env",
+                                         "VORIMESK_SESIONES=" + diario.string(),
+                                         "XDG_RUNTIME_DIR=" + datos.string(),
+                                         VORIMESK_CLI,
+                                         "--datos",
+                                         datos.string(),
+                                         "vigilar"};
+        args.insert(args.end(), mas.begin(), mas.end());
+        std::vector<char*> argv;
+        for (auto& a : args) {
+            argv.push_back(a.data());
+        }
+        argv.push_back(nullptr);
+        posix_spawn_file_actions_t acciones;
+        posix_spawn_file_actions_init(&acciones);
+        posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(),
+                                         O_WRONLY | O_CREAT | O_APPEND, 0600);
+        posix_spawn_file_actions_addopen(&acciones, 2, errores.c_str(),
+                                         O_WRONLY | O_CREAT | O_APPEND, 0600);
+        ASSERT_EQ(::posix_spawnp(&contador, "ip", &acciones, nullptr, argv.data(), environ), 0);
+        posix_spawn_file_actions_destroy(&acciones);
+        Dormir(2); // the meter is up and has looked at the links once
+    }
+    // Stops the meter as a user would, which saves what it holds.
+    void Parar() {
+        if (contador > 0) {
+            ::kill(contador, SIGTERM);
+            int estado = 0;
+            ::waitpid(contador, &estado, 0);
+            contador = 0;
+        }
+    }
+
+    nlohmann::json Llamadas() {
+        std::string texto;
+        if (FILE* f = ::popen(
+                (std::string(VORIMESK_CLI) + " --datos " + datos.string() + " registro --json")
+                    .c_str(),
+                "r")) {
+            char buf[4096];
+            for (std::size_t n; (n = std::fread(buf, 1, sizeof buf, f)) > 0;) {
+                texto.append(buf, n);
+            }
+            ::pclose(f);
+        }
+        return nlohmann::json::parse(texto, nullptr, false)["llamadas"];
+    }
+    // Waits (15 s at most) until the register holds `n` calls.
+    nlohmann::json EsperarLlamadas(std::size_t n) {
+        nlohmann::json ll;
+        for (int i = 0; i < 30; ++i) {
+            ll = Llamadas();
+            if (ll.is_array() && ll.size() >= n) {
+                break;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(500));
+        }
+        return ll;
+    }
+    // The journal's record of a link, by interface.
+    std::map<std::string, std::string> Sesion(const std::string& interfaz) {
+        for (const auto& n : Registros(diario)) {
+            auto c = Campos(diario / n);
+            if (n.ends_with(".sesion") && c["interfaz"] == interfaz) {
+                return c;
+            }
+        }
+        ADD_FAILURE() << "no hay sesion de " << interfaz;
+        return {};
+    }
+    void EsLaLlamada(const nlohmann::json& ll, const std::string& interfaz,
+                     const std::string& entrada, const std::string& tarifa, long long segundos,
+                     int kbRecibidos, int kbEnviados) {
+        auto s = Sesion(interfaz);
+        SCOPED_TRACE(interfaz);
+        EXPECT_EQ(ll["Hora"], HoraLocal(std::stoll(s["inicio"])));
+        EXPECT_EQ(ll["Duracion"], Duracion(segundos)) << "el tiempo de pppd";
+        EXPECT_EQ(ll["Conexion"], entrada);
+        EXPECT_EQ(ll["Tarifa"], tarifa);
+        EXPECT_EQ(ll["Recibidos"], kbRecibidos);
+        EXPECT_EQ(ll["Enviados"], kbEnviados);
+    }
+    std::string Salida() const { return Leer(salida) + Leer(errores); }
+
+    Espacios e;
+    fs::path diario = dir / "lib" / "sesiones";
+    fs::path datos = dir / "datos";
+    fs::path salida = dir / "vigilar.txt";
+    fs::path errores = dir / "vigilar-errores.txt";
+    pid_t contador = 0;
+};
+
+TEST_F(EnlaceRealDiario, DosEnlacesQueSeSolapanDanDosLlamadasConSuTiempoBytesYTarifa) {
+    Vigilar();
+    EnlaceFalso casa, trabajo;
+    trabajo.interfaz = "ppp1";
+    trabajo.peer = "trabajo";
+    trabajo.pid = 4343;
+    // ppp0 up, ppp1 up, ppp0 down, ppp1 down.
+    const long long t0 = Subir(casa);
+    Dormir(2);
+    const long long t1 = Subir(trabajo);
+    Dormir(2);
+    const long long s0 = Bajar(casa, t0, 153600, 20480);
+    Dormir(3);
+    const long long s1 = Bajar(trabajo, t1, 1048576, 2560);
+    const nlohmann::json ll = EsperarLlamadas(2);
+    Parar();
+    const nlohmann::json fin = Llamadas();
+    ASSERT_TRUE(fin.is_array()) << Salida();
+    ASSERT_EQ(fin.size(), 2u) << fin.dump() << "\n" << Salida();
+    EXPECT_EQ(fin, ll) << "lo anotado al acabar cada llamada ya estaba guardado";
+    EsLaLlamada(fin[0], "ppp0", "casa", "Provincial", s0, 150, 20);
+    EsLaLlamada(fin[1], "ppp1", "trabajo", "Interprovincial", s1, 1024, 2);
+    EXPECT_EQ(Leer(errores), "");
+}
+
+TEST_F(EnlaceRealDiario, UnEnlaceConElContadorCerradoSeAnotaAlAbrirloConLaTarifaDeSuEntrada) {
+    EnlaceFalso casa;
+    const long long t0 = Subir(casa);
+    Dormir(2);
+    const long long s0 = Bajar(casa, t0, 4096, 1024);
+    ASSERT_TRUE(Llamadas().empty());
+    Vigilar({"--segundos", "1"});
+    const nlohmann::json ll = EsperarLlamadas(1);
+    Parar();
+    ASSERT_EQ(ll.size(), 1u) << Salida();
+    EsLaLlamada(ll[0], "ppp0", "casa", "Provincial", s0, 4, 1);
+    EXPECT_NE(Salida().find("Anotada en el registro"), std::string::npos) << Salida();
+
+    // The meter again: nothing is taken twice.
+    Vigilar({"--segundos", "1"});
+    Parar();
+    EXPECT_EQ(Llamadas().size(), 1u);
+}
+
+TEST_F(EnlaceRealDiario, UnScriptLentoAntesDelGanchoNoCambiaLaHoraNiLaDuracion) {
+    EscribirEjecutable(dir / "ip-down.d" / "00lento", "#!/bin/sh\nsleep 3\n");
+    Vigilar();
+    EnlaceFalso casa;
+    const long long t0 = Subir(casa);
+    Dormir(3);
+    const long long s0 = Bajar(casa, t0, 10240, 5120);
+    const nlohmann::json ll = EsperarLlamadas(1);
+    Parar();
+    ASSERT_EQ(ll.size(), 1u) << Salida();
+    EsLaLlamada(ll[0], "ppp0", "casa", "Provincial", s0, 10, 5);
+    EXPECT_LE(std::abs(std::stoll(Sesion("ppp0")["inicio"]) - t0), 1)
+        << "el inicio es el de pppd, no el del gancho tres segundos despues";
 }
 
 } // namespace
