@@ -60,7 +60,7 @@ CLI::Validator PendienteValida() {
 }
 
 // The register could not be saved after the log was deleted: the log's
-// calls go back in front of whatever the hook wrote since.
+// calls go back in front of whatever a modem wrote since.
 void DevolverModemLog(const fs::path& ruta, const std::string& leido) {
     const auto cerrojo = CerrojoArchivo::Intentar(RutaCerrojo(ruta));
     const std::string nuevo = ExisteArchivo(ruta) ? LeerArchivo(ruta) : std::string();

@@ -62,8 +62,8 @@ void Vigilancia::Iniciar() {
 Vigilancia::~Vigilancia() = default;
 
 std::string Vigilancia::RutaLogModem() const {
-    // Every modem of this system writes the one session log of the hook; with
-    // no modem found, the hook's log is still where calls would be.
+    // Every modem of this system shares the data folder's modem log; with no
+    // modem found, that is still where the journal's calls pass.
     const std::vector<Modem> modems = plataforma_.modems->Modems();
     if (!modems.empty()) {
         return modems.front().rutaLog.string();

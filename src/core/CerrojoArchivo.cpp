@@ -7,7 +7,8 @@
 #include <string>
 
 #if defined(_WIN32)
-// Windows has no pppd hook writing beside the meter; the lock is a no-op.
+// Windows has no other writer of the modem log beside the meter; the lock is a
+// no-op.
 #else
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,8 +1,8 @@
 #pragma once
-// An exclusive lock on a file beside the one it protects, shared with the
-// pppd hook (which takes the same lock with flock(1)): whoever holds it may
-// append to, read or delete the protected file without mixing with the
-// others. The lock is released when the object goes.
+// An exclusive lock on a file beside the one it protects, shared by whoever
+// writes a modem log and the register that reads it (flock(1) takes the same
+// lock from a shell): whoever holds it may append to, read or delete the
+// protected file without mixing with the others. The lock is released when the object goes.
 
 #include <filesystem>
 #include <optional>

@@ -15,8 +15,8 @@
 // changes nothing.
 //
 // The start time of a call in the pending-connection list is the modem
-// log's "in use" stamp (DateConexion), which the log reader matches. pppd
-// brings the interface up a moment before its hook writes that line, so
+// log's "in use" stamp (DateConexion), which the log reader matches. A modem
+// may bring the link up a moment before it writes that line, so
 // while the log gives no session, or only the one the previous call used,
 // the stamp is read again on later ticks and once more when the call ends.
 //

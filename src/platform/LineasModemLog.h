@@ -37,9 +37,8 @@ std::string BloqueBajada(Fecha cuando, Trafico trafico);
 
 // Appends the block in one write while holding the log's lock file (the
 // hidden ".NAME.lock" beside it, see core/CerrojoArchivo.h), also taken by the
-// hook and by the register while it reads and deletes the log, so blocks of
-// links that end at the same moment never mix and none is lost. Throws
-// ErrorArchivo.
+// register while it reads and deletes the log, so blocks written meanwhile
+// never mix and none is lost. Throws ErrorArchivo.
 void AnexarModemLog(const std::filesystem::path& log, std::string_view bloque);
 std::filesystem::path CerrojoModemLog(const std::filesystem::path& log);
 

@@ -104,7 +104,7 @@ public:
     // there is no log, it is empty, or its last session is unfinished; the
     // calls of an unfinished run are not kept and the ledger is left as it
     // was. While it reads and deletes, the log's lock (core/CerrojoArchivo.h)
-    // is held, so a block the pppd hook writes meanwhile waits and survives.
+    // is held, so a block a modem writes meanwhile waits and survives.
     //
     // Throws Error with kMensajeSinOrigenLog while NombreLog is empty; a log
     // text that does not form dates or numbers where the calls need them

@@ -1,7 +1,8 @@
 #pragma once
 // Modems are the serial devices a pppd can dial through: ttyUSB and ttyACM
 // ports, and ttyS ports with a UART behind them (the kernel lists ttyS0-3
-// even on machines without any). All share the session log of the pppd hook.
+// even on machines without any). All share one modem log: the data folder's,
+// through which the sessions of the pppd journal reach the register.
 
 #include "platform/ListaModems.h"
 

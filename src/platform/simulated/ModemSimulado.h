@@ -3,8 +3,8 @@
 // tests and demonstrations. Time comes from the injected clock, so moving the
 // clock plays the script. It reports the codes of the Linux backend in the
 // same order (-1, 3 while dialling, 2 while up, 0 after the call, -1 after a
-// failed dial) and writes the session log the pppd hook would write, each
-// block stamped with the moment it belongs to even when the clock jumps.
+// failed dial) and writes the modem log of its sessions itself, each block
+// stamped with the moment it belongs to even when the clock jumps.
 
 #include "core/Reloj.h"
 #include "platform/FuenteConexiones.h"
