@@ -58,7 +58,8 @@ TEST_F(GanchoPpp, UnaSesionPorEnlaceConSusDatosTiempoDePppdYPermisos) {
     const auto nombres = Registros(diario);
     ASSERT_EQ(nombres.size(), 1u) << "el estado de la subida se va con la bajada";
     auto c = Campos(diario / nombres[0]);
-    EXPECT_EQ(nombres[0], c["fin"] + "-ppp0-4242.sesion");
+    EXPECT_TRUE(nombres[0].starts_with(c["fin"] + "-ppp0-4242-")) << nombres[0];
+    EXPECT_TRUE(nombres[0].ends_with(".sesion")) << nombres[0];
     EXPECT_EQ(c["formato"], "1");
     EXPECT_EQ(c["interfaz"], "ppp0");
     EXPECT_EQ(c["pid"], "4242");
@@ -107,7 +108,7 @@ TEST_F(GanchoPpp, SinConnectTimeElInicioEsElDeLaSubidaYSinNadaUnaLlamadaSinTiemp
     const auto nombres = Registros(diario);
     ASSERT_EQ(nombres.size(), 1u);
     c = Campos(diario / nombres[0]);
-    EXPECT_EQ(nombres[0], c["fin"] + "-___ppp9-77.sesion") << "el nombre no sale del diario";
+    EXPECT_TRUE(nombres[0].starts_with(c["fin"] + "-___ppp9-77-")) << "no sale del diario";
     EXPECT_EQ(c["interfaz"], "../ppp9");
     EXPECT_EQ(c["entrada"], "micasa");
     EXPECT_EQ(c["velocidad"], "");
@@ -130,6 +131,12 @@ TEST_F(GanchoPpp, UnScriptAnteriorLentoNoMueveLaHoraDeLaBajada) {
 }
 
 TEST_F(GanchoPpp, EnlacesQueTerminanALaVezDejanUnRegistroCadaUno) {
+    // One pppd redialling: two sessions of ppp0 end in the same second.
+    ASSERT_EQ(Bajar(dir, EnlaceFalso{}, "1", 1, 1), 0);
+    ASSERT_EQ(Bajar(dir, EnlaceFalso{}, "1", 1, 1), 0);
+    EXPECT_EQ(Registros(diario).size(), 2u) << "ninguna pisa a la otra";
+    fs::remove_all(diario);
+
     ASSERT_EQ(Subir(dir, EnlaceFalso{}), 0); // the journal exists before the rush
     constexpr int kEnlaces = 30;
     std::vector<pid_t> hijos;

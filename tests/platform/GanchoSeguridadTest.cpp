@@ -68,7 +68,7 @@ protected:
         fs::create_directories(publico);
     }
     // A link up and down, as pppd runs it; true when the hook said 0 every
-    // time and took no more than a moment.
+    // time and did not hang (the bound is loose: test machines are busy).
     bool UnEnlace(const fs::path& diario) {
         fs::remove_all(dir / "ip-up.d");
         fs::remove_all(dir / "ip-down.d");
@@ -76,14 +76,14 @@ protected:
         const auto t0 = std::chrono::steady_clock::now();
         const bool bien =
             Subir(dir, EnlaceFalso{}) == 0 && Bajar(dir, EnlaceFalso{}, "30", 1000, 2000) == 0;
-        return bien && std::chrono::steady_clock::now() - t0 < std::chrono::seconds(5);
+        return bien && std::chrono::steady_clock::now() - t0 < std::chrono::seconds(20);
     }
     void VictimaIntacta() {
         EXPECT_EQ(Victima::Huella(victima.carpeta), victima.huella)
             << "root escribio fuera del diario";
     }
     // Symlinks to the victim under every name the hook could use for this
-    // link in the next minute.
+    // link in the next minute, were the names not random in part.
     std::string Trampas(const fs::path& en) {
         std::string o = "ln -s " + (victima.carpeta / "nologin").string() + " " +
                         (en / "ppp0-4242.inicio").string() + "; ";
