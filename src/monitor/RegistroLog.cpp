@@ -52,7 +52,7 @@ void RegistroLog::SalvarLog() {
 }
 
 void RegistroLog::LlamadaTerminada(Fecha inicio) {
-    if (sesiones_) {
+    if (sesiones_ && sesiones_->HaySesiones()) {
         esperada_ = inicio;
     }
 }

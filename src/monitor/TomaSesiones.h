@@ -31,6 +31,9 @@ public:
     // been loaded from its file.
     virtual Resultado Tomar(Log& log, const Settings& ajustes, cBono& bono,
                             colConexion& pendientes) = 0;
+    // False when the system keeps no sessions at all (the hook is not
+    // installed): then there is nothing to wait for at the end of a call.
+    virtual bool HaySesiones() const = 0;
 };
 
 } // namespace vorimesk

@@ -208,9 +208,15 @@ TEST_F(DiarioSesiones, ElLogCompartidoDeAntesSeLeeUnaVez) {
 TEST_F(DiarioSesiones, AlAcabarUnaLlamadaSeEsperaLaSesionQueLaCubre) {
     Usuario ana(dir / "ana", diario, antiguo);
     RegistroLog registro(ana.log);
+    const auto t = Unix(2026, 3, 2, 10, 0, 0);
+    // Without the hook's journal there is nothing to wait for.
+    registro.UsarSesiones(ajustes, std::make_shared<TomaDiarioPpp>(
+                                       OrigenSesiones{dir / "no-hay", antiguo, dir / "ana"}));
+    registro.LlamadaTerminada(FechaLocal(t));
+    EXPECT_FALSE(registro.ExisteModemLog());
+
     registro.UsarSesiones(
         ajustes, std::make_shared<TomaDiarioPpp>(OrigenSesiones{diario, antiguo, dir / "ana"}));
-    const auto t = Unix(2026, 3, 2, 10, 0, 0);
     // An older session not taken yet does not cover the call that ended.
     Poner("ppp1", "trabajo", t - 500, t - 400);
     EXPECT_FALSE(registro.ExisteModemLog());

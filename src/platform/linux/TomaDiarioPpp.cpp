@@ -100,6 +100,11 @@ bool TomaDiarioPpp::TomarAntiguo(Log& log, const Settings& ajustes, cBono& bono,
     return true;
 }
 
+bool TomaDiarioPpp::HaySesiones() const {
+    std::error_code ec;
+    return fs::is_directory(origen_.diario, ec);
+}
+
 TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, cBono& bono,
                                              colConexion& pendientes) {
     Resultado r;

@@ -24,6 +24,7 @@ public:
 
     Resultado Tomar(Log& log, const Settings& ajustes, cBono& bono,
                     colConexion& pendientes) override;
+    bool HaySesiones() const override;
 
 private:
     bool TomarAntiguo(Log& log, const Settings& ajustes, cBono& bono, colConexion& pendientes);
