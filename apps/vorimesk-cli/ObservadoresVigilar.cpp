@@ -1,0 +1,23 @@
+#include "ObservadoresVigilar.h"
+
+#include "AvisoEscritorio.h"
+#include "EstadoCompartido.h"
+#include "SalidaJson.h"
+#include "SalidaTexto.h"
+
+namespace vorimesk::cli {
+
+std::unique_ptr<Observadores> CrearObservadores(const OpcionesVigilar& o, std::ostream& salida,
+                                                std::ostream& errores, bool terminal) {
+    auto observadores = std::make_unique<Observadores>();
+    if (o.json) {
+        observadores->Añadir(std::make_unique<SalidaJson>(salida));
+    } else {
+        observadores->Añadir(std::make_unique<SalidaTexto>(salida, errores, terminal));
+    }
+    observadores->Añadir(std::make_unique<EstadoCompartido>());
+    observadores->Añadir(std::make_unique<AvisoEscritorio>(CrearNotificadorEscritorio()));
+    return observadores;
+}
+
+} // namespace vorimesk::cli
