@@ -19,10 +19,7 @@ install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk/ayud
 # The headless meter as a user service (systemctl --user enable --now
 # vorimesk-vigilar); systemd looks in <prefix>/lib/systemd/user for /usr and
 # /usr/local alike.
-configure_file(data/systemd/vorimesk-vigilar.service.in
-               ${CMAKE_BINARY_DIR}/systemd/vorimesk-vigilar.service @ONLY)
-install(FILES ${CMAKE_BINARY_DIR}/systemd/vorimesk-vigilar.service
-        DESTINATION ${CMAKE_INSTALL_PREFIX}/lib/systemd/user)
+install(FILES data/systemd/vorimesk-vigilar.service DESTINATION lib/systemd/user)
 # Manual pages go compressed, as Debian keeps them.
 set(_manual ${CMAKE_BINARY_DIR}/man/vorimesk-cli.1.gz)
 add_custom_command(

@@ -83,8 +83,8 @@ int Ejecutar(ContextoCli& contexto, const OpcionesVigilar& o, std::ostream& sali
         CrearObservadores(o, salida, errores, terminal);
     Vigilancia v(contexto.Carpeta(), o, *observadores);
     if (!v.Adquirir()) {
-        throw ErrorOrden("Vorimesk ya esta vigilando las conexiones en otro programa; solo "
-                         "puede haber uno.");
+        throw ErrorOrden("Vorimesk ya esta vigilando las conexiones de esta carpeta de datos en "
+                         "otro programa; solo puede haber uno por carpeta.");
     }
     v.Iniciar();
     SeñalesDeParada señales;

@@ -1,6 +1,7 @@
 // La orden vigilar de principio a fin: el modem simulado de un guion, el
 // contador en vivo y las llamadas que quedan en el registro.
 
+#include "BusPrivado.h"
 #include "CarpetaCli.h"
 #include "monitor/EstadoContador.h"
 #include "platform/linux/InstanciaUnicaFlock.h"
@@ -33,8 +34,11 @@ fs::path Fuentes() {
 class Vigilar : public CarpetaCli {
 protected:
     void SetUp() override {
-        // Log del modem propio de la prueba.
+        // Log del modem propio de la prueba, y ningun escritorio que
+        // notificar salvo el de la prueba que lo ponga.
         ::unsetenv("VORIMESK_MODEMLOG");
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (dir / "sin-bus").string()).c_str(),
+                 1);
     }
     double Precio(const std::string& inicio, const std::string& fin) {
         return Json({"calcular", "--inicio", inicio, "--fin", fin, "--json"})["importe"];
@@ -179,6 +183,27 @@ TEST_F(Vigilar, JsonUnSucesoPorLinea) {
         }
     }
     EXPECT_EQ(nlohmann::json(anotadas), registro);
+}
+
+// Los avisos del contador sin ventanas llegan al escritorio con su frase.
+TEST_F(Vigilar, LosAvisosSonNotificacionesDelEscritorio) {
+    BusPrivado bus(dir);
+    if (!bus.Razon().empty()) {
+        GTEST_SKIP() << bus.Razon();
+    }
+    ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0);
+    Settings ajustes;
+    ajustes.AvisoImporte = true;
+    ajustes.ImporteAviso = "10";
+    GuardarVariables(datos / "Varibles.Dat", ajustes);
+    const ResultadoCli r = Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000",
+                                     "--inicio", "2024-03-06 10:00:00", "--segundos", "120"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    ASSERT_TRUE(bus.Esperar("Notify")) << r.salida;
+    EXPECT_NE(bus.Llamadas().find("\"Vorimesk\" \"Importe superado: la llamada con Mi proveedor "
+                                  "cuesta ya "),
+              std::string::npos)
+        << bus.Llamadas();
 }
 
 TEST_F(Vigilar, ErroresDeUsoYDeGuion) {

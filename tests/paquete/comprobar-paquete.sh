@@ -49,7 +49,7 @@ dpkg-deb -I "$deb" control | grep -q '^Depends:.*qt6-translations-l10n' || { ech
 if command -v systemd-analyze >/dev/null 2>&1; then
   unidad=$(mktemp -d)
   sed "s|^ExecStart=[^ ]*|ExecStart=$PWD/apps/vorimesk-cli/vorimesk-cli|" \
-    systemd/vorimesk-vigilar.service >"$unidad/vorimesk-vigilar.service"
+    "$fuentes"/data/systemd/vorimesk-vigilar.service >"$unidad/vorimesk-vigilar.service"
   mkdir -m 700 "$unidad/run"
   if ! XDG_RUNTIME_DIR="$unidad/run" systemd-analyze --user verify --man=no \
        "$unidad/vorimesk-vigilar.service" >"$unidad/verify.log" 2>&1 || [ -s "$unidad/verify.log" ]; then
