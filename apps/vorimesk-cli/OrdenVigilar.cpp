@@ -81,13 +81,15 @@ int Ejecutar(ContextoCli& contexto, const OpcionesVigilar& o, std::ostream& sali
     const bool terminal = &salida == &std::cout && ::isatty(STDOUT_FILENO);
     const std::unique_ptr<Observadores> observadores =
         CrearObservadores(o, salida, errores, terminal);
+    // From before the lock is taken: whoever finds the folder taken may ask
+    // this meter to stop as soon as its pid is in the lock file.
+    SeñalesDeParada señales;
     Vigilancia v(contexto.Carpeta(), o, *observadores);
     if (!v.Adquirir()) {
         throw ErrorOrden("Vorimesk ya esta vigilando las conexiones de esta carpeta de datos en "
                          "otro programa; solo puede haber uno por carpeta.");
     }
     v.Iniciar();
-    SeñalesDeParada señales;
     try {
         Vigilar(v, o);
     } catch (const std::exception& e) {
