@@ -13,9 +13,6 @@ namespace vorimesk {
 namespace {
 
 constexpr int kVisibleMs = 10000;
-// A notification service that does not answer in this time is given up: the
-// window's timers must go on.
-constexpr int kEsperaMs = 2000;
 
 } // namespace
 
@@ -41,8 +38,9 @@ bool NotificacionAviso::PorDbus(const QString& texto) {
         "org.freedesktop.Notifications", "Notify");
     llamada << QString(kTituloVentana) << 0u << QString("vorimesk") << QString(kTituloVentana)
             << texto << QStringList() << QVariantMap() << -1;
-    const QDBusMessage respuesta = bus.call(llamada, QDBus::Block, kEsperaMs);
-    return respuesta.type() == QDBusMessage::ReplyMessage;
+    // Sent without waiting for the answer: a notification service that is
+    // slow to answer must not hold up the window's timers.
+    return bus.send(llamada);
 }
 
 void NotificarAvisos(fMain& ventana) {

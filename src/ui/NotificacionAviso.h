@@ -19,7 +19,8 @@ class NotificacionAviso : public QObject {
 public:
     explicit NotificacionAviso(QSystemTrayIcon* bandeja, QObject* padre = nullptr);
 
-    // True when the tray or the notification service took the message.
+    // True when the tray took the message or it went out to the session
+    // bus (false with neither).
     bool Mostrar(const QString& texto);
 
 private:
