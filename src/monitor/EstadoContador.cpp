@@ -108,8 +108,9 @@ std::string DescribirEstadoContador(const EstadoContador& e, Fecha ahora) {
                  " (tarifa " + e.tarifa + ", descuento " + e.descuento + ").";
     }
     if (!e.suceso.empty()) {
-        texto += "\nUltimo suceso" + (e.hora.empty() ? std::string() : " (" + e.hora + ")") + ": " +
-                 e.suceso;
+        const auto hora = Fecha::LeerIso(e.hora);
+        texto += "\nUltimo suceso" + (hora ? " (" + hora->TextoCorto() + ")" : std::string()) +
+                 ": " + e.suceso;
     }
     return texto;
 }

@@ -52,7 +52,7 @@ TEST(DescribirEstado, LlamadaEnCursoConSuTiempoHastaAhora) {
               "Estado: Conectado (Casa).\n"
               "Llamada en curso desde 06/03/2024 10:00:11, dura 01:02:05 (tarifa Metropolitana, "
               "descuento BonoNet).\n"
-              "Ultimo suceso (2024-03-06 10:00:11): Llamada iniciada con Casa.");
+              "Ultimo suceso (06/03/2024 10:00:11): Llamada iniciada con Casa.");
     EXPECT_EQ(DescribirEstadoContador(EstadoContador{}, Fecha()), "Estado: desconocido.");
 }
 
