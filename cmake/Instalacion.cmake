@@ -16,6 +16,10 @@ install(FILES data/iconos/vorimesk.svg
 install(DIRECTORY ${CMAKE_BINARY_DIR}/iconos/
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk/ayuda)
+# The headless meter as a user service (systemctl --user enable --now
+# vorimesk-vigilar); systemd looks in <prefix>/lib/systemd/user for /usr and
+# /usr/local alike.
+install(FILES data/systemd/vorimesk-vigilar.service DESTINATION lib/systemd/user)
 # Manual pages go compressed, as Debian keeps them.
 set(_manual ${CMAKE_BINARY_DIR}/man/vorimesk-cli.1.gz)
 add_custom_command(
@@ -55,6 +59,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ppp")
+# Qt's own dialogs (print, open file) in Spanish; merged with the library
+# dependencies that dpkg-shlibdeps finds.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
     ${PROJECT_SOURCE_DIR}/data/debian/conffiles ${PROJECT_SOURCE_DIR}/data/debian/postinst
     ${PROJECT_SOURCE_DIR}/data/debian/postrm)

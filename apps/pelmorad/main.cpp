@@ -5,13 +5,11 @@
 #include "core/Errores.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Iconos.h"
+#include "ui/TraduccionQt.h"
 #include "ui/fPelmorad.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QMessageBox>
-#include <QTranslator>
 #include <cstdio>
 #include <optional>
 #include <string>
@@ -67,10 +65,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("pelmorad");
     QApplication::setWindowIcon(vorimesk::IconoPrograma());
-    QTranslator qt;
-    if (qt.load(QLocale("es"), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QApplication::installTranslator(&qt);
-    }
+    vorimesk::CargarTraduccionQt(app);
     std::filesystem::path carpeta;
     try {
         vorimesk::CarpetaDatos::AlCrear(vorimesk::InstalarLibroPorDefecto);

@@ -3,8 +3,6 @@
 #include "register/Log.h"
 
 namespace vorimesk::cli {
-namespace {
-
 const char* NombreEstado(int estado) {
     switch (estado) {
     case LecturaConexion::kNada:
@@ -19,6 +17,8 @@ const char* NombreEstado(int estado) {
         return "Estado desconocido";
     }
 }
+
+namespace {
 
 const char* NombreAviso(MotivoAviso motivo) {
     switch (motivo) {

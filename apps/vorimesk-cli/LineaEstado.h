@@ -14,6 +14,9 @@ class Log;
 
 namespace vorimesk::cli {
 
+// "Sin conexion", "Conectando", "Conectado", "Desconectado" by state code.
+const char* NombreEstado(int estado);
+
 // "12:00:13 | Conectado | Conexion: Mi proveedor | Duracion: 00:00:02 |
 // Coste: 0.20 | Franja: Normal | BonoNet: no"; the call's figures only while
 // the meter runs.

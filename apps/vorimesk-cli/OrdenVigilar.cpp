@@ -4,6 +4,7 @@
 // cleanly, saving the register and the settings.
 
 #include "ArgumentosCli.h"
+#include "ObservadoresVigilar.h"
 #include "Ordenes.h"
 #include "Vigilancia.h"
 
@@ -78,25 +79,26 @@ void Vigilar(Vigilancia& v, const OpcionesVigilar& o) {
 int Ejecutar(ContextoCli& contexto, const OpcionesVigilar& o, std::ostream& salida,
              std::ostream& errores) {
     const bool terminal = &salida == &std::cout && ::isatty(STDOUT_FILENO);
-    Vigilancia v(contexto.Carpeta(), o, salida, errores, terminal);
+    const std::unique_ptr<Observadores> observadores =
+        CrearObservadores(o, salida, errores, terminal);
+    // From before the lock is taken: whoever finds the folder taken may ask
+    // this meter to stop as soon as its pid is in the lock file.
+    SeñalesDeParada señales;
+    Vigilancia v(contexto.Carpeta(), o, *observadores);
     if (!v.Adquirir()) {
-        throw ErrorOrden("Vorimesk ya esta vigilando las conexiones en otro programa; solo "
-                         "puede haber uno.");
+        throw ErrorOrden("Vorimesk ya esta vigilando las conexiones de esta carpeta de datos en "
+                         "otro programa; solo puede haber uno por carpeta.");
     }
     v.Iniciar();
-    SeñalesDeParada señales;
-    salida << "Vigilando las conexiones" << (v.Simulada() ? " del modem simulado" : "")
-           << " (Ctrl-C para terminar). Registro de sesiones: " << v.RutaModemLog() << "\n";
     try {
         Vigilar(v, o);
-    } catch (...) {
-        v.Terminar();
+    } catch (const std::exception& e) {
+        observadores->Error(e.what());
         v.Guardar(); // what the meter took so far is kept
         throw;
     }
-    v.Terminar();
     v.Guardar();
-    salida << "Registro y ajustes guardados.\n";
+    observadores->Fin();
     return kSalidaBien;
 }
 
@@ -125,6 +127,7 @@ void RegistrarOrdenVigilar(AplicacionCli& aplicacion) {
         ->type_name("FECHA")
         ->check(FechaHoraValida())
         ->needs(simular);
+    orden->add_flag("--json", o->json, "Escribe cada suceso como una linea JSON");
     orden->add_option("--segundos", o->segundos, "Termina tras S segundos de contador")
         ->type_name("S")
         ->check(EnteroEntre(0, 100000000));

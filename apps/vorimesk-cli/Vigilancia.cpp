@@ -2,13 +2,10 @@
 
 #include "AjustesCli.h"
 #include "ArgumentosCli.h"
-#include "LineaEstado.h"
 #include "monitor/EntradasConexion.h"
 #include "platform/LineasModemLog.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/AjustesTarifa.h"
-
-#include <ostream>
 
 namespace vorimesk::cli {
 namespace {
@@ -20,9 +17,9 @@ Fecha Comienzo(const OpcionesVigilar& o) {
 } // namespace
 
 Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
-                       std::ostream& salida, std::ostream& errores, bool terminal)
-    : carpeta_(std::move(carpeta)), simulada_(o.guion.has_value()), salida_(salida),
-      errores_(errores), terminal_(terminal), relojSimulado_(Comienzo(o)),
+                       ObservadorVigilancia& observador)
+    : carpeta_(std::move(carpeta)), simulada_(o.guion.has_value()), observador_(observador),
+      relojSimulado_(Comienzo(o)),
       reloj_(simulada_ ? static_cast<const Reloj*>(&relojSimulado_) : &relojSistema_),
       bono_(*reloj_), log_(carpeta_), registro_(log_) {
     // A damaged settings file stops the meter: it is never rewritten from
@@ -57,6 +54,7 @@ void Vigilancia::Iniciar() {
     linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
                                                  *linea_, carpeta_);
+    observador_.Comienzo({reloj_->Ahora(), carpeta_, rutaModemLog_, simulada_});
 }
 
 Vigilancia::~Vigilancia() = default;
@@ -83,49 +81,12 @@ void Vigilancia::Paso() {
     FuenteConexiones& fuente = *plataforma_.conexiones;
     fuente.Actualizar();
     const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName()};
+    const MomentoVigilancia momento{reloj_->Ahora(), lectura, *monitor_, log_};
+    observador_.Lectura(momento);
     for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
-        if (s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas) {
-            for (int i = log_.Count() - s.llamadas; i < log_.Count(); ++i) {
-                Escribir(LineaAnotada(log_, i), true);
-            }
-        } else if (s.tipo == SucesoMonitor::Tipo::ErrorRegistro) {
-            Avisar(*LineaSuceso(s, *monitor_));
-        } else if (const auto texto = LineaSuceso(s, *monitor_)) {
-            Escribir(*texto, true);
-        }
+        observador_.Suceso(s, momento);
     }
-    Escribir(LineaEstado(*monitor_, lectura), false);
-}
-
-void Vigilancia::Escribir(const std::string& linea, bool suceso) {
-    if (!terminal_) {
-        salida_ << linea << "\n";
-    } else if (suceso) {
-        salida_ << "\r\x1b[K" << linea << "\n";
-        lineaAbierta_ = false;
-    } else {
-        // The status line is rewritten in place.
-        salida_ << "\r\x1b[K" << linea;
-        lineaAbierta_ = true;
-    }
-    salida_.flush();
-}
-
-void Vigilancia::Avisar(const std::string& linea) {
-    if (lineaAbierta_) {
-        salida_ << "\r\x1b[K";
-        salida_.flush();
-        lineaAbierta_ = false;
-    }
-    errores_ << linea << "\n";
-    errores_.flush();
-}
-
-void Vigilancia::Terminar() {
-    if (lineaAbierta_) {
-        salida_ << "\n";
-        lineaAbierta_ = false;
-    }
+    observador_.Tick(momento);
 }
 
 void Vigilancia::Guardar() {

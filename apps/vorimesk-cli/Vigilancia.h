@@ -4,13 +4,13 @@
 // one tick per second of meter time and saves at the end.
 
 #include "LineaMarcador.h"
+#include "ObservadorVigilancia.h"
 #include "monitor/MonitorConexion.h"
 #include "monitor/RegistroLog.h"
 #include "platform/Plataforma.h"
 #include "register/Log.h"
 
 #include <filesystem>
-#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,14 +22,15 @@ struct OpcionesVigilar {
     int velocidad = 1;                 // --velocidad, with --simular only
     std::optional<long> segundos;      // --segundos
     std::optional<std::string> inicio; // --inicio, the scripted modem's clock
+    bool json = false;                 // --json: one JSON event per line
 };
 
 class Vigilancia {
 public:
     // Reads the settings and starts the platform, writing nothing. Throws
     // Error (Spanish) when the script or a file cannot be read.
-    Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& opciones, std::ostream& salida,
-               std::ostream& errores, bool terminal);
+    Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& opciones,
+               ObservadorVigilancia& observador);
     ~Vigilancia();
 
     // False when another copy of the meter already runs; then nothing more
@@ -37,30 +38,22 @@ public:
     bool Adquirir();
     // Loads the register (creating an empty one) and starts the monitor.
     void Iniciar();
-    // Looks at the connection, runs the monitor and writes what it shows.
+    // Looks at the connection, runs the monitor and tells the observer.
     void Paso();
     // Time of the scripted modem moves on by one second.
     void Avanzar();
     bool Simulada() const { return simulada_; }
     // Writes the register and the settings file.
     void Guardar();
-    // Ends the status line of a terminal.
-    void Terminar();
 
     const std::string& RutaModemLog() const { return rutaModemLog_; }
 
 private:
     std::string RutaLogModem() const;
-    void Escribir(const std::string& linea, bool suceso);
-    // On the error stream, clearing a status line left on the terminal.
-    void Avisar(const std::string& linea);
 
     std::filesystem::path carpeta_;
     bool simulada_;
-    std::ostream& salida_;
-    std::ostream& errores_;
-    bool terminal_;
-    bool lineaAbierta_ = false;
+    ObservadorVigilancia& observador_;
 
     RelojSistema relojSistema_;
     RelojFijo relojSimulado_;

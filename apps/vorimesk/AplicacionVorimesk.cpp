@@ -2,10 +2,7 @@
 
 #include "core/Errores.h"
 #include "ui/Avisos.h"
-
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
+#include "ui/TraduccionQt.h"
 
 namespace vorimesk {
 
@@ -14,14 +11,7 @@ AplicacionVorimesk::AplicacionVorimesk(int& argc, char** argv) : QApplication(ar
     setApplicationVersion(VORIMESK_VERSION);
     // The main window hides to the tray: only "&Terminar" ends the program.
     setQuitOnLastWindowClosed(false);
-    // Qt's own texts (file dialog, calendar) in Spanish when the desktop has
-    // them installed.
-    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-    auto* traduccion = new QTranslator(this);
-    if (traduccion->load(QLocale(), "qtbase", "_",
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        installTranslator(traduccion);
-    }
+    CargarTraduccionQt(*this);
 }
 
 bool AplicacionVorimesk::notify(QObject* receptor, QEvent* evento) {

@@ -10,9 +10,11 @@
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Arranque.h"
 #include "ui/Avisos.h"
+#include "ui/NotificacionAviso.h"
 #include "ui/PuertaInstancia.h"
 #include "ui/SenalesTerminar.h"
 #include "ui/fMain.h"
+#include "ui/fOtroContador.h"
 
 #include <QCommandLineParser>
 #include <memory>
@@ -63,12 +65,17 @@ int Ejecutar(AplicacionVorimesk& app) {
     op.guion = opciones.guion;
     op.reloj = &reloj;
     Plataforma plataforma = CrearPlataforma(op);
-    // A second copy ends at once, silently, bringing the running one forward.
+    // A second window on the same data folder brings the running one
+    // forward and ends; another meter there (the user service) is explained
+    // to the user, who may stop it and go on here.
+    const QString nombrePuerta = PuertaInstancia::NombrePara(carpeta);
     if (!plataforma.instancia->Adquirir()) {
-        PuertaInstancia::Llamar();
-        return 0;
+        if (PuertaInstancia::Llamar(nombrePuerta) ||
+            !ResolverOtroContador(carpeta, *plataforma.instancia, reloj)) {
+            return 0;
+        }
     }
-    PuertaInstancia puerta;
+    PuertaInstancia puerta(nombrePuerta);
     puerta.Abrir();
 
     EntornoVentana entorno;
@@ -82,6 +89,7 @@ int Ejecutar(AplicacionVorimesk& app) {
 
     SenalesTerminar senales;
     const std::unique_ptr<fMain> ventana = Arrancar(entorno);
+    NotificarAvisos(*ventana);
     QObject::connect(&senales, &SenalesTerminar::Terminar, ventana.get(),
                      [&ventana] { ventana->TerminarSesion(); });
     QObject::connect(&puerta, &PuertaInstancia::Llamada, ventana.get(),

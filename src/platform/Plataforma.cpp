@@ -68,8 +68,7 @@ EntornoPlataforma EntornoPlataforma::Actual() {
 
 Plataforma CrearPlataforma(const OpcionesPlataforma& o) {
     Plataforma p = o.guion ? Simulada(o) : Linux(o);
-    p.instancia = std::make_shared<InstanciaUnicaFlock>(
-        InstanciaUnicaFlock::Ruta(o.entorno.xdgRuntimeDir, o.carpetaDatos));
+    p.instancia = std::make_shared<InstanciaUnicaFlock>(InstanciaUnicaFlock::Ruta(o.carpetaDatos));
     return p;
 }
 

@@ -25,14 +25,14 @@ namespace vorimesk {
 struct EntornoPlataforma {
     std::optional<std::string> home;          // HOME
     std::optional<std::string> xdgConfigHome; // XDG_CONFIG_HOME: the autostart folder
-    std::optional<std::string> xdgRuntimeDir; // XDG_RUNTIME_DIR: the single-instance lock
+    std::optional<std::string> xdgRuntimeDir; // XDG_RUNTIME_DIR
     std::optional<std::string> modemLog;      // VORIMESK_MODEMLOG: the modem log read
     std::optional<std::string> sesiones;      // VORIMESK_SESIONES: the pppd journal
     static EntornoPlataforma Actual();
 };
 
 struct OpcionesPlataforma {
-    std::filesystem::path carpetaDatos; // lock fallback, and the scripted modem's log
+    std::filesystem::path carpetaDatos; // the single-instance lock, the scripted modem's log
     // A script (Guion) to play instead of watching the system; needs `reloj`.
     std::optional<std::filesystem::path> guion;
     const Reloj* reloj = nullptr;

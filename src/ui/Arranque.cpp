@@ -1,5 +1,6 @@
 #include "Arranque.h"
 
+#include "PosicionVentana.h"
 #include "fAbout.h"
 #include "fMain.h"
 
@@ -47,6 +48,7 @@ std::unique_ptr<fMain> Arrancar(EntornoVentana entorno,
         }
         ventana->Cargar();
     }
+    RecordarPosicion(*ventana, ventana->Datos().Carpeta);
     ventana->show();
     banner.close();
     return ventana;

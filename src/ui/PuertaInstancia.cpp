@@ -1,5 +1,6 @@
 #include "PuertaInstancia.h"
 
+#include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <unistd.h>
@@ -17,6 +18,19 @@ PuertaInstancia::PuertaInstancia(QString nombre, QObject* padre)
 
 QString PuertaInstancia::NombrePorDefecto() {
     return "vorimesk-" + QString::number(getuid());
+}
+
+QString PuertaInstancia::NombrePara(const std::filesystem::path& carpetaDatos) {
+    std::error_code ec;
+    std::filesystem::path ruta = std::filesystem::weakly_canonical(carpetaDatos, ec);
+    if (ec) {
+        ruta = carpetaDatos;
+    }
+    const QByteArray huella =
+        QCryptographicHash::hash(QByteArray::fromStdString(ruta.string()), QCryptographicHash::Sha1)
+            .toHex()
+            .left(12);
+    return NombrePorDefecto() + "-" + QString::fromLatin1(huella);
 }
 
 bool PuertaInstancia::Abrir() {

@@ -1,11 +1,13 @@
 #pragma once
 // How a second start of the program reaches the first: the running copy
-// listens on a local socket named after the user, and a second copy (which
+// listens on a local socket named after the user and its data folder, and a
+// second copy on that folder (which
 // the single-instance lock has already stopped) knocks on it and ends, so
 // the running window comes forward instead of nothing happening.
 
 #include <QObject>
 #include <QString>
+#include <filesystem>
 
 class QLocalServer;
 
@@ -23,6 +25,8 @@ public:
     static bool Llamar(const QString& nombre = NombrePorDefecto());
 
     static QString NombrePorDefecto();
+    // One door per data folder, as there is one lock per data folder.
+    static QString NombrePara(const std::filesystem::path& carpetaDatos);
 
 signals:
     void Llamada();

@@ -1,15 +1,20 @@
 // La orden vigilar de principio a fin: el modem simulado de un guion, el
 // contador en vivo y las llamadas que quedan en el registro.
 
+#include "BusPrivado.h"
 #include "CarpetaCli.h"
+#include "monitor/EstadoContador.h"
 #include "platform/linux/InstanciaUnicaFlock.h"
+#include "settings/ArchivoVariables.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <spawn.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 
@@ -29,9 +34,11 @@ fs::path Fuentes() {
 class Vigilar : public CarpetaCli {
 protected:
     void SetUp() override {
-        // Cerrojo de instancia unica y log del modem propios de la prueba.
-        ::setenv("XDG_RUNTIME_DIR", dir.c_str(), 1);
+        // Log del modem propio de la prueba, y ningun escritorio que
+        // notificar salvo el de la prueba que lo ponga.
         ::unsetenv("VORIMESK_MODEMLOG");
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (dir / "sin-bus").string()).c_str(),
+                 1);
     }
     double Precio(const std::string& inicio, const std::string& fin) {
         return Json({"calcular", "--inicio", inicio, "--fin", fin, "--json"})["importe"];
@@ -44,16 +51,18 @@ TEST_F(Vigilar, DosLlamadasDelGuionQuedanTasadasEnElRegistro) {
                                      "--inicio", "2024-03-06 10:00:00", "--segundos", "260"});
     ASSERT_EQ(r.estado, 0) << r.errores << r.salida;
     EXPECT_EQ(r.errores, "");
-    // Una linea de estado por segundo de contador, sin "\r" fuera de un
-    // terminal.
+    // Fuera de un terminal, solo los sucesos, cada uno con la hora del
+    // contador: ni lineas de estado por segundo ni "\r".
     EXPECT_EQ(r.salida.find('\r'), std::string::npos);
+    EXPECT_EQ(r.salida.find(" | "), std::string::npos) << r.salida;
+    EXPECT_LT(std::count(r.salida.begin(), r.salida.end(), '\n'), 30) << r.salida;
     for (const char* linea :
-         {"10:00:00 | Sin conexion", "10:00:05 | Conectando | Conexion: Mi proveedor",
-          "10:01:11 | Conectado | Conexion: Mi proveedor | Duracion: 00:01:00 | Coste: ",
-          "Llamada iniciada con Mi proveedor (tarifa Metropolitana, descuento Ninguno).",
+         {"10:00:00 Estado: Sin conexion.", "10:00:03 Estado: Conectando (Mi proveedor).",
+          "10:00:11 Estado: Conectado (Mi proveedor).",
+          "10:00:11 Llamada iniciada con Mi proveedor (tarifa Metropolitana, descuento Ninguno).",
           "Anotada en el registro: 06/03/2024 10:00:11, 00:02:00, coste ",
           ", tarifa Metropolitana, Trabajo.", "Registro y ajustes guardados."}) {
-        EXPECT_NE(r.salida.find(linea), std::string::npos) << linea;
+        EXPECT_NE(r.salida.find(linea), std::string::npos) << linea << "\n" << r.salida;
     }
 
     // 3 s de espera y 8 marcando; el coste, el que da "calcular" para esas horas.
@@ -97,14 +106,104 @@ TEST_F(Vigilar, ParadoEnMitadDeUnaLlamadaGuardaLaConexionPendiente) {
         << ajustes;
 }
 
-TEST_F(Vigilar, SoloPuedeVigilarUno) {
+TEST_F(Vigilar, SoloUnoPorCarpetaDeDatos) {
     fs::create_directories(datos);
-    InstanciaUnicaFlock otro(dir / "vorimesk.lock");
+    InstanciaUnicaFlock otro(datos / "vorimesk.lock");
     ASSERT_TRUE(otro.Adquirir());
     const ResultadoCli r = Ejecutar({"vigilar", "--simular", Guion(), "--segundos", "1"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("Vorimesk ya esta vigilando"), std::string::npos) << r.errores;
     EXPECT_FALSE(Existe(datos / "Varibles.Dat"));
+
+    // Otra carpeta de datos tiene su propio contador.
+    datos = dir / "otros";
+    const ResultadoCli o = Ejecutar({"vigilar", "--simular", Guion(), "--segundos", "1"});
+    EXPECT_EQ(o.estado, 0) << o.errores;
+}
+
+// Cada suceso, una linea JSON completa; los de la llamada anotada llevan sus
+// campos como "registro --json".
+TEST_F(Vigilar, JsonUnSucesoPorLinea) {
+    Settings ajustes;
+    ajustes.AvisoTiempo = true;
+    ajustes.TiempoAviso.Valor("00:01:00");
+    ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0); // the new folder gets its tariff book
+    GuardarVariables(datos / "Varibles.Dat", ajustes);
+    const ResultadoCli r =
+        Ejecutar({"vigilar", "--json", "--simular", Guion(), "--velocidad", "1000", "--inicio",
+                  "2024-03-06 10:00:00", "--segundos", "260"});
+    ASSERT_EQ(r.estado, 0) << r.errores << r.salida;
+    std::vector<nlohmann::json> sucesos;
+    std::istringstream lineas(r.salida);
+    for (std::string linea; std::getline(lineas, linea);) {
+        ASSERT_NO_THROW(sucesos.push_back(nlohmann::json::parse(linea))) << linea;
+        ASSERT_TRUE(sucesos.back().contains("hora")) << linea;
+    }
+    std::string clases;
+    for (const nlohmann::json& j : sucesos) {
+        const std::string c = j["suceso"];
+        clases += (c == "estado" ? "estado:" + j["texto"].get<std::string>() : c) + " ";
+    }
+    EXPECT_EQ(clases, "vigilando estado:Sin conexion estado:Conectando estado:Conectado "
+                      "llamada_iniciada aviso estado:Desconectado llamada_terminada "
+                      "llamada_anotada estado:Conectando estado:Sin conexion "
+                      "estado:Conectando estado:Conectado llamada_iniciada aviso "
+                      "estado:Desconectado llamada_terminada llamada_anotada terminado ")
+        << r.salida;
+
+    const auto primero = [&](const std::string& clase) {
+        for (const nlohmann::json& j : sucesos) {
+            if (j["suceso"] == clase) {
+                return j;
+            }
+        }
+        return nlohmann::json();
+    };
+    EXPECT_EQ(primero("vigilando")["simulado"], true);
+    EXPECT_EQ(primero("vigilando")["carpeta"], datos.string());
+    EXPECT_EQ(primero("estado")["estado"], -1);
+    EXPECT_EQ(primero("llamada_iniciada"),
+              nlohmann::json::parse(R"({"suceso": "llamada_iniciada", "hora": "2024-03-06 10:00:11",
+                  "conexion": "Mi proveedor", "tarifa": "Metropolitana", "descuento": "Ninguno"})"));
+    const nlohmann::json aviso = primero("aviso");
+    EXPECT_EQ(aviso["tipo"], "tiempo");
+    EXPECT_EQ(aviso["hora"], "2024-03-06 10:01:12");
+    EXPECT_EQ(aviso["texto"],
+              "Tiempo de llamada superado: la llamada con Mi proveedor dura ya 00:01:01.");
+    const nlohmann::json fin = primero("llamada_terminada");
+    EXPECT_EQ(fin["inicio"], "2024-03-06 10:00:11");
+    EXPECT_EQ(fin["conexion"], "Mi proveedor");
+    EXPECT_TRUE(fin["coste"].is_string());
+
+    const nlohmann::json registro = Json({"registro", "--json"})["llamadas"];
+    std::vector<nlohmann::json> anotadas;
+    for (const nlohmann::json& j : sucesos) {
+        if (j["suceso"] == "llamada_anotada") {
+            anotadas.push_back(j["llamada"]);
+        }
+    }
+    EXPECT_EQ(nlohmann::json(anotadas), registro);
+}
+
+// Los avisos del contador sin ventanas llegan al escritorio con su frase.
+TEST_F(Vigilar, LosAvisosSonNotificacionesDelEscritorio) {
+    BusPrivado bus(dir);
+    if (!bus.Razon().empty()) {
+        GTEST_SKIP() << bus.Razon();
+    }
+    ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0);
+    Settings ajustes;
+    ajustes.AvisoImporte = true;
+    ajustes.ImporteAviso = "10";
+    GuardarVariables(datos / "Varibles.Dat", ajustes);
+    const ResultadoCli r = Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000",
+                                     "--inicio", "2024-03-06 10:00:00", "--segundos", "120"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    ASSERT_TRUE(bus.Esperar("Notify")) << r.salida;
+    EXPECT_NE(bus.Llamadas().find("\"Vorimesk\" \"Importe superado: la llamada con Mi proveedor "
+                                  "cuesta ya "),
+              std::string::npos)
+        << bus.Llamadas();
 }
 
 TEST_F(Vigilar, ErroresDeUsoYDeGuion) {
@@ -125,11 +224,10 @@ TEST_F(Vigilar, ErroresDeUsoYDeGuion) {
     EXPECT_FALSE(Existe(datos / "RegDat.log"));
 }
 
-// Como programa aparte: SIGTERM lo para guardando registro y ajustes.
-TEST_F(Vigilar, SigtermParaLimpiamente) {
-    const fs::path salida = dir / "salida.txt";
+// vorimesk-cli vigilar como programa aparte sobre la carpeta de la prueba,
+// con su salida en un archivo.
+pid_t Lanzar(const fs::path& datos, const std::string& guion, const fs::path& salida) {
     const std::string datosTexto = datos.string();
-    const std::string guion = Guion();
     std::vector<const char*> argv = {VORIMESK_CLI, "--datos",   datosTexto.c_str(),
                                      "vigilar",    "--simular", guion.c_str(),
                                      nullptr};
@@ -137,22 +235,62 @@ TEST_F(Vigilar, SigtermParaLimpiamente) {
     posix_spawn_file_actions_init(&acciones);
     posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(), O_WRONLY | O_CREAT, 0600);
     pid_t pid = 0;
-    ASSERT_EQ(posix_spawn(&pid, VORIMESK_CLI, &acciones, nullptr,
-                          const_cast<char* const*>(argv.data()), environ),
-              0);
+    const int e = posix_spawn(&pid, VORIMESK_CLI, &acciones, nullptr,
+                              const_cast<char* const*>(argv.data()), environ);
     posix_spawn_file_actions_destroy(&acciones);
-    // Espera a que este vigilando (la primera linea de estado).
-    for (int i = 0; i < 200 && Leer(salida).find(" | ") == std::string::npos; ++i) {
+    return e == 0 ? pid : -1;
+}
+
+// El estado de salida de un hijo, o -1 si no termino normalmente.
+int Esperar(pid_t pid) {
+    int estado = 0;
+    if (::waitpid(pid, &estado, 0) != pid || !WIFEXITED(estado)) {
+        return -1;
+    }
+    return WEXITSTATUS(estado);
+}
+
+// SIGTERM lo para guardando registro y ajustes, con estado 0, como lo para
+// systemd; mientras vigila, su estado queda en la carpeta para otros.
+TEST_F(Vigilar, SigtermParaLimpiamente) {
+    const fs::path salida = dir / "salida.txt";
+    const pid_t pid = Lanzar(datos, Guion(), salida);
+    ASSERT_GT(pid, 0);
+    for (int i = 0; i < 200 && Leer(salida).find("Estado: ") == std::string::npos; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    ASSERT_NE(Leer(salida).find(" | "), std::string::npos) << Leer(salida);
+    ASSERT_NE(Leer(salida).find("Estado: Sin conexion."), std::string::npos) << Leer(salida);
+    const std::optional<EstadoContador> estado = CargarEstadoContador(datos);
+    ASSERT_TRUE(estado.has_value());
+    EXPECT_EQ(estado->pid, pid);
+    EXPECT_EQ(estado->texto, "Sin conexion");
     ::kill(pid, SIGTERM);
-    int estado = 0;
-    ASSERT_EQ(::waitpid(pid, &estado, 0), pid);
-    ASSERT_TRUE(WIFEXITED(estado)) << Leer(salida);
-    EXPECT_EQ(WEXITSTATUS(estado), 0);
+    EXPECT_EQ(Esperar(pid), 0) << Leer(salida);
     EXPECT_NE(Leer(salida).find("Registro y ajustes guardados."), std::string::npos);
+    EXPECT_EQ(Leer(salida).find(" | "), std::string::npos) << "solo sucesos: " << Leer(salida);
     EXPECT_TRUE(Existe(datos / "Varibles.Dat"));
+    EXPECT_FALSE(fs::exists(datos / EstadoContador::kNombreArchivo));
+}
+
+// Quien encuentra la carpeta tomada sabe por quien, y puede pedirle que se
+// pare y quedarse con ella.
+TEST_F(Vigilar, OtroContadorSeReleva) {
+    if (!fs::exists("/proc/self/exe")) {
+        GTEST_SKIP()
+            << "sin /proc (un chroot sin montarlo) no se sabe que programa tiene el cerrojo";
+    }
+    const fs::path salida = dir / "salida.txt";
+    const pid_t pid = Lanzar(datos, Guion(), salida);
+    ASSERT_GT(pid, 0);
+    InstanciaUnicaFlock yo(datos / "vorimesk.lock");
+    for (int i = 0; i < 200 && !yo.Titular(); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    EXPECT_FALSE(yo.Adquirir());
+    EXPECT_EQ(yo.Titular(), std::optional<long>(pid));
+    EXPECT_TRUE(yo.Relevar(std::chrono::seconds(20)));
+    EXPECT_EQ(Esperar(pid), 0) << Leer(salida);
+    EXPECT_NE(Leer(salida).find("Registro y ajustes guardados."), std::string::npos);
 }
 
 } // namespace

@@ -21,6 +21,7 @@ for ruta in \
     ./usr/share/doc/vorimesk/copyright \
     ./usr/share/vorimesk/ayuda/index.html \
     ./usr/share/vorimesk/Tarifas.Dat \
+    ./usr/lib/systemd/user/vorimesk-vigilar.service \
     ./etc/ppp/ip-up.d/vorimesk \
     ./etc/ppp/ip-down.d/vorimesk \
     ./usr/lib/tmpfiles.d/vorimesk.conf; do
@@ -44,6 +45,28 @@ for guion in postinst postrm; do
   dpkg-deb -I "$deb" "$guion" | grep -q /var/lib/vorimesk || { echo "Falta el $guion del diario"; falta=1; }
 done
 dpkg-deb -I "$deb" conffiles | grep -q '/etc/ppp/ip-up.d/vorimesk' || { echo "Faltan los conffiles"; falta=1; }
+dpkg-deb -I "$deb" control | grep -q '^Depends:.*qt6-translations-l10n' || { echo "El paquete no depende de las traducciones de Qt"; falta=1; }
+# The user service as systemd reads it, pointed at the built program since
+# the package is not installed here.
+# (systemd-analyze needs a runtime folder of its own; warnings such as an
+# unknown key count as failures.)
+if command -v systemd-analyze >/dev/null 2>&1; then
+  unidad=$(mktemp -d)
+  sed "s|^ExecStart=[^ ]*|ExecStart=$PWD/apps/vorimesk-cli/vorimesk-cli|" \
+    "$fuentes"/data/systemd/vorimesk-vigilar.service >"$unidad/vorimesk-vigilar.service"
+  mkdir -m 700 "$unidad/run"
+  if ! XDG_RUNTIME_DIR="$unidad/run" systemd-analyze --user verify --man=no \
+       "$unidad/vorimesk-vigilar.service" >"$unidad/verify.log" 2>&1 || [ -s "$unidad/verify.log" ]; then
+    if grep -q "Failed to initialize manager" "$unidad/verify.log"; then
+      echo "systemd-analyze no puede trabajar aqui: la unidad de usuario no se comprueba"
+    else
+      echo "systemd no acepta la unidad:"; cat "$unidad/verify.log"; falta=1
+    fi
+  fi
+  rm -rf "$unidad"
+else
+  echo "systemd-analyze no esta: la unidad de usuario no se comprueba"
+fi
 desktop-file-validate "$fuentes"/data/*.desktop
 appstreamcli validate --no-net "$fuentes"/data/es.vorimesk.Vorimesk.metainfo.xml >/dev/null
 exit $falta

@@ -116,10 +116,23 @@ TEST_F(Instancia, UnProcesoQueMuereSueltaElCerrojo) {
     ::close(tubo[1]);
 }
 
-TEST_F(Instancia, ElCerrojoVaEnLaCarpetaDeEjecucionSiExiste) {
-    EXPECT_EQ(InstanciaUnicaFlock::Ruta(dir.string(), "/datos"), dir / "vorimesk.lock");
-    EXPECT_EQ(InstanciaUnicaFlock::Ruta((dir / "no").string(), "/datos"),
-              fs::path("/datos/vorimesk.lock"));
+TEST_F(Instancia, UnCerrojoPorCarpetaDeDatosConElProcesoQueLoTiene) {
+    EXPECT_EQ(InstanciaUnicaFlock::Ruta("/datos"), fs::path("/datos/vorimesk.lock"));
+    fs::create_directories(dir / "a");
+    fs::create_directories(dir / "b");
+    InstanciaUnicaFlock a(InstanciaUnicaFlock::Ruta(dir / "a"));
+    InstanciaUnicaFlock b(InstanciaUnicaFlock::Ruta(dir / "b"));
+    ASSERT_TRUE(a.Adquirir());
+    EXPECT_TRUE(b.Adquirir()) << "otra carpeta, otro contador";
+    EXPECT_EQ(std::stol(Leer(dir / "a" / "vorimesk.lock")), static_cast<long>(::getpid()));
+
+    // The holder's id is only given out when it still runs this program: a
+    // number left in the file by a holder long gone may belong to anything.
+    InstanciaUnicaFlock otro(InstanciaUnicaFlock::Ruta(dir / "a"));
+    EXPECT_FALSE(otro.Adquirir());
+    EXPECT_EQ(otro.Titular(), std::nullopt) << "este proceso no es vorimesk";
+    EXPECT_FALSE(otro.Relevar(std::chrono::milliseconds(100)));
+
     InstanciaUnicaFlock imposible(dir / "no" / "existe" / "vorimesk.lock");
     EXPECT_THROW(imposible.Adquirir(), ErrorArchivo);
 }

@@ -5,6 +5,8 @@
 
 #include "PlataformaPrueba.h"
 #include "monitor/EntradasConexion.h"
+#include "monitor/EstadoContador.h"
+#include "platform/InstanciaUnica.h"
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "settings/ArchivoVariables.h"
@@ -16,6 +18,7 @@
 #include "ui/fMain.h"
 #include "ui/fMini.h"
 #include "ui/fModem.h"
+#include "ui/fOtroContador.h"
 #include "ui/fProgramas.h"
 
 #include <QApplication>
@@ -85,6 +88,29 @@ std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo
     return avisos::CrearCaja(nullptr, icono, titulo, texto, botones);
 }
 
+// The service meter that holds the folder in the "otro contador" shot.
+class OtroContadorEnMarcha : public InstanciaUnica {
+public:
+    bool Adquirir() override { return false; }
+    std::optional<long> Titular() const override { return 4321; }
+    bool Relevar(std::chrono::milliseconds) override { return false; }
+};
+
+// What that meter left in the folder: a call to "Casa" that began at 17:38.
+void EstadoDelServicio(const std::filesystem::path& dir) {
+    EstadoContador e;
+    e.pid = 4321;
+    e.hora = "2026-03-20 17:38:00";
+    e.estado = 2;
+    e.texto = "Conectado";
+    e.conexion = "Casa";
+    e.inicio = "2026-03-20 17:38:00";
+    e.tarifa = "Metropolitana";
+    e.descuento = "BonoNet";
+    e.suceso = "Llamada iniciada con Casa (tarifa Metropolitana, descuento BonoNet).";
+    GuardarEstadoContador(dir, e);
+}
+
 bool Guardar(QWidget* w, const QString& ruta) {
     w->show();
     QApplication::processEvents();
@@ -128,6 +154,7 @@ bool CapturarVentana(const QString& carpeta) {
                             }});
     }
     std::vector<std::string> programas = ventana.Datos().Ajustes.Programas;
+    OtroContadorEnMarcha otroContador;
     BonoGuardado nuevo;
     nuevo.Alta = kReloj.Hoy();
     const BonoGuardado dado{3, Fecha::Crear(2026, 1, 15),
@@ -145,6 +172,11 @@ bool CapturarVentana(const QString& carpeta) {
                      QStringList{"Modem interno (ttyS0)", "U.S. Robotics 56K USB (ttyUSB0)"}));
              }},
             {"programas", [&] { return propio(std::make_unique<fProgramas>(programas)); }},
+            {"otro-contador",
+             [&] {
+                 EstadoDelServicio(dir);
+                 return propio(std::make_unique<fOtroContador>(dir, otroContador, kReloj));
+             }},
             {"aviso-recalculo",
              [&] {
                  return propio(Caja(QMessageBox::Question, avisos::kTituloRecalculo,

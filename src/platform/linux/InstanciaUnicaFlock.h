@@ -1,29 +1,31 @@
 #pragma once
-// One running copy per user: an exclusive flock on a lock file. The kernel
-// drops the lock when the process ends, so a crash leaves nothing stale.
+// One meter per data folder: an exclusive flock on a lock file inside the
+// folder, which also holds the holder's process id. The kernel drops the
+// lock when the process ends, so a crash leaves nothing stale.
 
 #include "platform/InstanciaUnica.h"
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 namespace vorimesk {
 
 class InstanciaUnicaFlock final : public InstanciaUnica {
 public:
+    static constexpr const char* kNombre = "vorimesk.lock";
+
     explicit InstanciaUnicaFlock(std::filesystem::path archivo);
     ~InstanciaUnicaFlock() override;
     InstanciaUnicaFlock(const InstanciaUnicaFlock&) = delete;
     InstanciaUnicaFlock& operator=(const InstanciaUnicaFlock&) = delete;
 
-    // "vorimesk.lock" in $XDG_RUNTIME_DIR (private to the user and emptied
-    // at logout) when it is an existing folder, else in the data folder.
-    static std::filesystem::path Ruta(const std::optional<std::string>& xdgRuntimeDir,
-                                      const std::filesystem::path& carpetaDatos);
+    // "vorimesk.lock" in the data folder: two meters on one folder would
+    // both append to its register, meters on different folders do not meet.
+    static std::filesystem::path Ruta(const std::filesystem::path& carpetaDatos);
 
     // Throws ErrorArchivo when the lock file cannot be opened at all.
     bool Adquirir() override;
+    std::optional<long> Titular() const override;
+    bool Relevar(std::chrono::milliseconds espera) override;
 
 private:
     std::filesystem::path archivo_;
