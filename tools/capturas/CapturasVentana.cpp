@@ -8,11 +8,13 @@
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "settings/ArchivoVariables.h"
+#include "settings/Presupuesto.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Avisos.h"
 #include "ui/EntornoVentana.h"
 #include "ui/MenuBandeja.h"
 #include "ui/fBono.h"
+#include "ui/fComparar.h"
 #include "ui/fMain.h"
 #include "ui/fMini.h"
 #include "ui/fModem.h"
@@ -78,6 +80,7 @@ void PrepararDatos(const std::filesystem::path& dir) {
     s.SonidoAviso = "/usr/share/sounds/alsa/Front_Center.wav";
     s.MesReinicio = 2;
     GuardarVariables(dir / "Varibles.Dat", s);
+    GuardarPresupuesto(dir, 1500.0);
 }
 
 std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
@@ -145,6 +148,11 @@ bool CapturarVentana(const QString& carpeta) {
                      QStringList{"Modem interno (ttyS0)", "U.S. Robotics 56K USB (ttyUSB0)"}));
              }},
             {"programas", [&] { return propio(std::make_unique<fProgramas>(programas)); }},
+            {"comparar-tarifas",
+             [&] {
+                 return propio(std::make_unique<fComparar>(
+                     fComparar::FuenteDe(ventana.Datos(), ventana.UltimoListado())));
+             }},
             {"aviso-recalculo",
              [&] {
                  return propio(Caja(QMessageBox::Question, avisos::kTituloRecalculo,
