@@ -58,6 +58,7 @@ FuenteComparacion fComparar::FuenteDe(const DatosVentana& datos, const Listado& 
     f.listadas = listado.indices;
     f.periodoListado = QTexto(listado.Periodo);
     f.hoy = datos.RelojPrograma.Hoy();
+    f.impuestos = datos.Ajustes.AnadirImpuestos;
     return f;
 }
 
@@ -90,7 +91,7 @@ fComparar::fComparar(FuenteComparacion fuente, QWidget* padre)
     todo->addWidget(tbTarifas);
     todo->addWidget(grComparacion, 1);
     todo->addWidget(botones);
-    resize(640, 600);
+    resize(720, 620);
     Proteger(this, [this] { Comparar(); });
 }
 
@@ -172,6 +173,10 @@ void fComparar::Llenar() {
         resumen += QString(" La mas barata: %1 %2 bonos (%3).")
                        .arg(QTexto(t.Tarifa), c.MasBarataConBono ? "con" : "sin",
                             Cantidad(c.MasBarataConBono ? t.ConBono : t.SinBono));
+    }
+    // The grid adds taxes; the tariffs' own amounts are compared here.
+    if (fuente_.impuestos) {
+        resumen += " Importes sin impuestos.";
     }
     lResumen->setText(resumen);
     tbTarifas->setRowCount(static_cast<int>(c.Tarifas.size()));

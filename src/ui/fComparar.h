@@ -34,6 +34,7 @@ struct FuenteComparacion {
     std::vector<int> listadas; // the calls the register tab lists
     QString periodoListado;    // its caption ("" after a filter without dates)
     Fecha hoy;
+    bool impuestos = false; // the register shows amounts with taxes added
 };
 
 class fComparar : public QDialog {

@@ -139,7 +139,10 @@ TEST_F(OrdenesComparar, PeriodoNEsElEnesimoAntesDelActual) {
         Ejecutar({"comparar", "--desde", "2026-05-01", "--hasta", "2026-04-01"});
     EXPECT_EQ(alReves.estado, 1);
     EXPECT_NE(alReves.errores.find("anterior"), std::string::npos);
-    EXPECT_EQ(Ejecutar({"comparar", "--desde", "2026-05-01"}).estado, 2);
+    const ResultadoCli sinHasta = Ejecutar({"comparar", "--desde", "2026-05-01"});
+    EXPECT_EQ(sinHasta.estado, 2);
+    EXPECT_NE(sinHasta.errores.find("--desde necesita --hasta"), std::string::npos)
+        << sinHasta.errores;
     EXPECT_EQ(
         Ejecutar({"comparar", "--periodo", "1", "--desde", "2026-05-01", "--hasta", "2026-06-01"})
             .estado,
