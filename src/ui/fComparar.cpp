@@ -115,7 +115,7 @@ QWidget* fComparar::Eleccion() {
     const Log& registro = *fuente_.registro;
     dtDesde->setDate(AQDate(registro.Count() > 0 ? registro.Dia(0) : fuente_.hoy));
     dtHasta->setDate(AQDate(fuente_.hoy));
-    cmdComparar = new QPushButton("&Comparar", marco);
+    cmdComparar = new QPushButton("C&omparar", marco);
     cmdComparar->setObjectName("cmdComparar");
     connect(cmdComparar, &QPushButton::clicked, this,
             [this] { Proteger(this, [this] { Comparar(); }); });

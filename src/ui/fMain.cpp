@@ -123,6 +123,8 @@ void fMain::Construir() {
             }));
     presupuesto_ = new VigiaPresupuesto(
         datos_, *sonido_, *tabResumen->prevision, [this] { return bandeja_; }, this);
+    connect(presupuesto_, &VigiaPresupuesto::AvisoPresupuesto, this,
+            [this](const QString& texto) { statusBar()->showMessage(texto); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { CalcularPeriodo(); }));
 

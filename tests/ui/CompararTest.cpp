@@ -9,6 +9,7 @@
 #include "ui/fComparar.h"
 
 #include <QChartView>
+#include <QStatusBar>
 #include <QImage>
 
 using namespace vorimesk;
@@ -93,6 +94,8 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     v->SSTab1->setCurrentWidget(v->tabResumen);
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(avisos[0][0].toString().contains("620.00"));
+    // Without a tray (as here) the window's status bar tells it too.
+    EXPECT_EQ(v->statusBar()->currentMessage(), avisos[0][0].toString());
     EXPECT_FALSE(p->lAvisoPresupuesto->text().isEmpty());
     EXPECT_EQ(p->lPorDia->text(), "7.69 en cada uno de los 26 dias que quedan");
     // Coming back to the summary, or a new listing, does not sound it again.
