@@ -1,4 +1,5 @@
 #include "CarpetaMedicion.h"
+#include "register/ComparacionTarifas.h"
 #include "register/FormatoRegistro.h"
 #include "register/Importe.h"
 #include "register/Log.h"
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <numeric>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -79,6 +81,27 @@ static void BM_ModificarLogRegistroLleno(benchmark::State& s) {
     s.counters["llamadas"] = log.Count();
 }
 BENCHMARK(BM_ModificarLogRegistroLleno)->Unit(benchmark::kMillisecond);
+
+// What a full register would have cost under each of the 5 tariffs of the
+// shipped book, with the user's bonos and without: ten pricings of every call.
+static void BM_CompararTarifasRegistroLleno(benchmark::State& s) {
+    RegistroLleno datos;
+    Log log(datos.Carpeta());
+    log.CargarLog();
+    cBono bono;
+    bono.DiaFactura(15);
+    bono.DarAlta(1, Fecha::Crear(2000, 1, 1));
+    bono.DarAlta(3, Fecha::Crear(2000, 1, 1));
+    const std::vector<Fecha> festivos = {Fecha::Crear(2000, 1, 6), Fecha::Crear(2001, 12, 25)};
+    std::vector<int> todas(static_cast<std::size_t>(log.Count()));
+    std::iota(todas.begin(), todas.end(), 0);
+    for (auto _ : s) {
+        const ComparacionTarifas c = CompararTarifas(log, todas, datos.Carpeta(), bono, festivos);
+        benchmark::DoNotOptimize(c.MasBarata);
+    }
+    s.counters["llamadas"] = log.Count();
+}
+BENCHMARK(BM_CompararTarifasRegistroLleno)->Unit(benchmark::kMillisecond);
 
 namespace {
 

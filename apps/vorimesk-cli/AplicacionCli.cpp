@@ -58,7 +58,16 @@ std::string MensajeDeUso(const CLI::ParseError& e) {
                (detalle.empty() ? m.substr(0, m.find(" is required")) : detalle);
     }
     if (dice("requires") || dice("excludes")) {
-        return "Combinacion de opciones no permitida: " + detalle;
+        // "--desde requires --hasta" has no ": "; its words are translated.
+        std::string texto = detalle.empty() ? m : detalle;
+        for (const auto& [en, es] :
+             {std::pair<std::string, std::string>{" requires ", " necesita "},
+              {" excludes ", " excluye "}}) {
+            if (const auto p = texto.find(en); p != std::string::npos) {
+                texto.replace(p, en.size(), es);
+            }
+        }
+        return "Combinacion de opciones no permitida: " + texto;
     }
     if (dice("arguments") || dice("argument")) {
         return "Numero de valores incorrecto en una opcion: " + detalle;

@@ -1,4 +1,5 @@
 #include "Ordenes.h"
+#include "OrdenesComparacion.h"
 #include "OrdenesRegistro.h"
 
 #include "core/CarpetaDatos.h"
@@ -17,6 +18,8 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarOrdenesCopias(aplicacion);
     RegistrarOrdenLeerLog(aplicacion);
     RegistrarOrdenRecalcular(aplicacion);
+    RegistrarOrdenComparar(aplicacion);
+    RegistrarOrdenPrevision(aplicacion);
     RegistrarOrdenVigilar(aplicacion);
 }
 

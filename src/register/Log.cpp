@@ -5,6 +5,7 @@
 #include "Importe.h"
 #include "LectorModemLog.h"
 #include "LogModem.h"
+#include "PrecioRegistro.h"
 #include "core/Archivo.h"
 #include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
@@ -246,29 +247,13 @@ bool Log::CrearLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion&
 }
 
 void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
-    cBono trabajo(bono);
-    trabajo.Reset();
-    cLlamada libro = LibroDeTarifas(carpeta_, festivos);
+    PrecioRegistro precio(carpeta_, festivos, bono);
     std::vector<RegistroLlamada> nuevos = registros_;
-    int mesFactura = 0;
     for (RegistroLlamada& r : nuevos) {
-        const Fecha inicio = Fecha::DesdeOle(r.Dia).SoloFecha().MasSegundos(
-            Fecha::DesdeOle(r.Hora).SegundosDelDia());
-        const Fecha fin = inicio.MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
-        // Calls before the billing day belong to the period begun last month:
-        // the first of them in another month starts it with full bonos.
-        if (trabajo.DiaFactura() > inicio.Dia() && inicio.Mes() != mesFactura) {
-            mesFactura = inicio.Mes();
-            trabajo.Reset();
-        }
-        libro.Datos(inicio, fin, &trabajo, r.Tarifa.Recortado());
-        r.importe.Poner(TextoImporte(libro.importe()));
-        r.Tipo = TipoDeBanda(libro.Tipo());
-        r.Bono = libro.BonoNet() ? -1 : 0;
-        libro.TraspasarBono(trabajo);
+        precio.Preciar(r);
     }
     registros_ = std::move(nuevos);
-    bono.Copiar(trabajo);
+    bono.Copiar(precio.Bono());
 }
 
 } // namespace vorimesk

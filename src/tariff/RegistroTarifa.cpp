@@ -20,6 +20,7 @@ struct Campo {
     bool esHora;
 };
 
+constexpr std::size_t kAnchoNombre = 15;
 constexpr std::size_t kAnchoImporte = 7;
 constexpr std::size_t kAnchoFecha = 8;
 constexpr std::size_t kPrimeraFranja = 30;
@@ -30,7 +31,7 @@ std::size_t Franja(int tipoDia, int franja) {
 }
 
 std::vector<Campo> CrearCampos() {
-    std::vector<Campo> c = {{"Nombre", 0, 15, false},
+    std::vector<Campo> c = {{"Nombre", 0, kAnchoNombre, false},
                             {"Conexion.Importe", 15, kAnchoImporte, false},
                             {"Conexion.Tiempo", 22, kAnchoFecha, true}};
     const char* dias[] = {"Semana", "Sabado", "Festivo"};
@@ -178,8 +179,10 @@ void RegistroTarifa::Valor(std::string_view clave, double numero) {
     Valor(clave, std::string_view(texto, static_cast<std::size_t>(r.ptr - texto)));
 }
 
+// Read straight from its field: the pricing looks the tariff up by name on
+// every call.
 std::string RegistroTarifa::Nombre() const {
-    return Texto("Nombre");
+    return SinRelleno(LeerCampo(bytes_.data(), kAnchoNombre));
 }
 
 float RegistroTarifa::ImporteConexion() const {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <limits>
 #include <utility>
 
@@ -31,6 +32,17 @@ std::string Texto(std::int64_t segundos) {
     cTiempo t;
     t.ConvTiempo(static_cast<std::int32_t>(segundos));
     return t.Valor();
+}
+
+// A total's text read back as a time is empty exactly when the seconds add
+// up to zero. The pricing asks this at every stretch of every call, so the
+// text is only made where it cannot be (more hours than a time holds), to
+// fail as it always has.
+bool SinTiempo(std::int32_t segundos) {
+    if (std::abs(std::int64_t{segundos}) / 3600 > std::numeric_limits<std::int16_t>::max()) {
+        return cTiempo(Texto(segundos)).EstaVacio();
+    }
+    return segundos == 0;
 }
 
 } // namespace
@@ -176,11 +188,11 @@ std::string cBono::TiempoGastadoGrupo(std::int16_t grupo) const {
 }
 
 bool cBono::EstaVacioGrupo(std::int16_t grupo) const {
-    return cTiempo(TotalTiempoGrupo(grupo)).EstaVacio();
+    return SinTiempo(SumaResto([&](const Paquete& p) { return GrupoDe(p) == grupo; }));
 }
 
 bool cBono::EstaVacioTipo(std::int16_t tipo) const {
-    return cTiempo(TotalTiempoTipo(tipo)).EstaVacio();
+    return SinTiempo(SumaResto([&](const Paquete& p) { return TipoDe(p) == tipo; }));
 }
 
 std::int16_t cBono::Cual(std::int16_t grupo) const {

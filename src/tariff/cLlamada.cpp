@@ -212,7 +212,9 @@ bool cLlamada::QuedaBono(Fecha momento) const {
 }
 
 bool cLlamada::Datos(Fecha inicio, Fecha fin, const cBono* bono, std::string tarifa) {
-    Load();
+    if (recargar_) {
+        Load();
+    }
     const std::int16_t i = Find(tarifa.empty() ? nombreTarifa_ : tarifa);
     // A call with no tariff used no bundle time either.
     bonoPendiente_ = false;

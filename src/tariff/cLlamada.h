@@ -81,6 +81,9 @@ public:
     // Returns false, leaving every result as it was, when the book has no
     // such tariff.
     bool Datos(Fecha inicio, Fecha fin, const cBono* bono = nullptr, std::string tarifa = "");
+    // Off, `Datos` prices with the book in memory instead of reading the file
+    // again: for a batch of pricings over a book that cannot change meanwhile.
+    void RecargarAlPreciar(bool recargar) { recargar_ = recargar; }
     // 0 "Semana", 1 "Sabado", 2 "Festivo" (Sundays and the holidays).
     std::int16_t TipoDia(Fecha momento) const;
 
@@ -120,6 +123,7 @@ private:
     std::vector<RegistroTarifa> tarifas_ = std::vector<RegistroTarifa>(1);
     std::vector<Fecha> festivos_;
     std::string nombreTarifa_;
+    bool recargar_ = true;
 
     float importe_ = 0.0f;
     std::string duracion_;

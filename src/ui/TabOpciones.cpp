@@ -3,6 +3,7 @@
 #include "DatosVentana.h"
 #include "EditorTiempo.h"
 #include "FechasQt.h"
+#include "MarcoPresupuesto.h"
 #include "SonidoAviso.h"
 #include "core/FormatoNumero.h"
 #include "core/Numero.h"
@@ -45,6 +46,7 @@ TabOpciones::TabOpciones(DatosVentana& datos, SonidoAviso& sonido, QWidget* padr
     izquierda->addStretch();
     auto* derecha = new QVBoxLayout;
     derecha->addWidget(MarcoAvisos());
+    derecha->addWidget(new MarcoPresupuesto(datos_.Carpeta, this));
     derecha->addStretch();
     auto* todo = new QHBoxLayout(this);
     todo->addLayout(izquierda, 1);

@@ -64,6 +64,10 @@ TabRegistro::TabRegistro(QWidget* padre) : QWidget(padre) {
     cmdFiltro->setToolTip("Elegir que llamadas se listan");
     connect(cmdFiltro, &QPushButton::clicked, this, &TabRegistro::PedirFiltro);
     periodo->addWidget(cmdFiltro);
+    cmdComparar = new QPushButton("Co&mparar tarifas...", this);
+    cmdComparar->setObjectName("cmdComparar");
+    connect(cmdComparar, &QPushButton::clicked, this, &TabRegistro::PedirComparacion);
+    periodo->addWidget(cmdComparar);
 
     auto* totales = new QHBoxLayout;
     totales->addWidget(new QLabel("Llamadas:", this));

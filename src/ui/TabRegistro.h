@@ -29,10 +29,13 @@ public:
     QLabel* lDuracionReg = nullptr; // beside "Duracion:"
     QLabel* lGastoReg = nullptr;    // beside "Gasto:"
     QPushButton* cmdFiltro = nullptr;
+    QPushButton* cmdComparar = nullptr;
 
 signals:
     // The user asks for the register filter.
     void PedirFiltro();
+    // The user asks what the listed calls would cost under every tariff.
+    void PedirComparacion();
 
 private:
     ModeloRegistro* modelo_ = nullptr;

@@ -1,5 +1,6 @@
 #include "TabResumen.h"
 
+#include "PanelPrevision.h"
 #include "core/FormatoNumero.h"
 
 #include <QFormLayout>
@@ -53,6 +54,8 @@ TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
     auto* todo = new QVBoxLayout(this);
     todo->addWidget(marcoPeriodo);
     todo->addWidget(marcoBono_);
+    prevision = new PanelPrevision(this);
+    todo->addWidget(prevision);
     todo->addStretch();
 }
 

@@ -14,6 +14,10 @@ class QGroupBox;
 class QLabel;
 
 namespace vorimesk {
+class PanelPrevision;
+}
+
+namespace vorimesk {
 
 struct ResumenPeriodo {
     Fecha inicio;
@@ -39,6 +43,7 @@ public:
     QLabel* lDiasQuedanBono = nullptr;
     QLabel* lBonoGastado = nullptr;
     QLabel* lBonoQueda = nullptr;
+    PanelPrevision* prevision = nullptr;
 
 private:
     QGroupBox* marcoBono_ = nullptr;

@@ -15,7 +15,9 @@
 #include "TabRegistro.h"
 #include "TabResumen.h"
 #include "TabTarifas.h"
+#include "VigiaPresupuesto.h"
 #include "core/Archivo.h"
+#include "fComparar.h"
 #include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
@@ -114,6 +116,15 @@ void fMain::Construir() {
     });
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
     connect(tabRegistro, &TabRegistro::PedirFiltro, this, [this] { AbrirFiltro(); });
+    connect(tabRegistro, &TabRegistro::PedirComparacion, this, Protegido(this, [this] {
+                auto* comparar = new fComparar(fComparar::FuenteDe(datos_, listado_), this);
+                comparar->setAttribute(Qt::WA_DeleteOnClose);
+                comparar->show();
+            }));
+    presupuesto_ = new VigiaPresupuesto(
+        datos_, *sonido_, *tabResumen->prevision, [this] { return bandeja_; }, this);
+    connect(presupuesto_, &VigiaPresupuesto::AvisoPresupuesto, this,
+            [this](const QString& texto) { statusBar()->showMessage(texto); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { CalcularPeriodo(); }));
 
@@ -372,6 +383,7 @@ void fMain::RellenaGrid(const CriteriosFiltro& criterios) {
         datos_.Registro, criterios, [this](Fecha dia) { return datos_.TipoDia(dia); },
         datos_.Coste(), datos_.RelojPrograma.Hoy());
     tabRegistro->Mostrar(datos_.Registro, listado_, datos_.Coste());
+    presupuesto_->Actualizar();
 }
 
 std::vector<std::array<std::string, 10>> fMain::FilasVisibles() const {
@@ -414,6 +426,7 @@ void fMain::MostrarResumen() {
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = DiasHastaFacturacion(datos_.RelojPrograma.Hoy(), datos_.Bono.DiaFactura());
     tabResumen->Mostrar(r);
+    presupuesto_->Actualizar();
 }
 
 void fMain::MostrarBono() {

@@ -41,6 +41,7 @@ class TabOpciones;
 class TabRegistro;
 class TabResumen;
 class TabTarifas;
+class VigiaPresupuesto;
 
 class fMain : public QMainWindow, public AnfitrionRegistro {
     Q_OBJECT
@@ -170,6 +171,7 @@ private:
     LineaPlataforma linea_;
     MonitorConexion monitor_;
     SonidoAviso* sonido_ = nullptr;
+    VigiaPresupuesto* presupuesto_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;
     QPointer<fMini> mini_;
     // The windows the close box hid, for the tray to bring back.

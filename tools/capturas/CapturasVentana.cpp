@@ -10,11 +10,13 @@
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "settings/ArchivoVariables.h"
+#include "settings/Presupuesto.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Avisos.h"
 #include "ui/EntornoVentana.h"
 #include "ui/MenuBandeja.h"
 #include "ui/fBono.h"
+#include "ui/fComparar.h"
 #include "ui/fMain.h"
 #include "ui/fMini.h"
 #include "ui/fModem.h"
@@ -81,6 +83,7 @@ void PrepararDatos(const std::filesystem::path& dir) {
     s.SonidoAviso = "/usr/share/sounds/alsa/Front_Center.wav";
     s.MesReinicio = 2;
     GuardarVariables(dir / "Varibles.Dat", s);
+    GuardarPresupuesto(dir, 1500.0);
 }
 
 std::unique_ptr<QMessageBox> Caja(QMessageBox::Icon icono, const QString& titulo,
@@ -176,6 +179,11 @@ bool CapturarVentana(const QString& carpeta) {
              [&] {
                  EstadoDelServicio(dir);
                  return propio(std::make_unique<fOtroContador>(dir, otroContador, kReloj));
+              }},
+            {"comparar-tarifas",
+             [&] {
+                 return propio(std::make_unique<fComparar>(
+                     fComparar::FuenteDe(ventana.Datos(), ventana.UltimoListado())));
              }},
             {"aviso-recalculo",
              [&] {

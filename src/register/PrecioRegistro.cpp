@@ -1,0 +1,54 @@
+#include "PrecioRegistro.h"
+
+#include "Importe.h"
+#include "core/cTiempo.h"
+
+namespace fs = std::filesystem;
+
+namespace vorimesk {
+namespace {
+
+// Every run prices with this tariff when the call names none.
+constexpr const char* kTarifaPorDefecto = "Metropolitana";
+
+} // namespace
+
+PrecioRegistro::PrecioRegistro(const fs::path& carpeta, const std::vector<Fecha>& festivos,
+                               const cBono& bono)
+    : libro_(carpeta), trabajo_(bono) {
+    libro_.Festivos(festivos);
+    libro_.NombreTarifa(kTarifaPorDefecto);
+    trabajo_.Reset();
+}
+
+Fecha PrecioRegistro::Inicio(const RegistroLlamada& r) {
+    return Fecha::DesdeOle(r.Dia).SoloFecha().MasSegundos(Fecha::DesdeOle(r.Hora).SegundosDelDia());
+}
+
+Fecha PrecioRegistro::Fin(const RegistroLlamada& r) {
+    return Inicio(r).MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
+}
+
+void PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
+    const Fecha inicio = Inicio(r);
+    const Fecha fin = inicio.MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
+    // Calls before the billing day belong to the period begun last month:
+    // the first of them in another month starts it with full bonos.
+    if (trabajo_.DiaFactura() > inicio.Dia() && inicio.Mes() != mesFactura_) {
+        mesFactura_ = inicio.Mes();
+        trabajo_.Reset();
+    }
+    const std::string nombre(tarifa.empty() ? std::string(r.Tarifa.Recortado()) : tarifa);
+    libro_.Datos(inicio, fin, &trabajo_, nombre);
+    r.importe.Poner(TextoImporte(libro_.importe()));
+    r.Tipo = TipoDeBanda(libro_.Tipo());
+    r.Bono = libro_.BonoNet() ? -1 : 0;
+    libro_.TraspasarBono(trabajo_);
+}
+
+void PrecioRegistro::LibroFijo() {
+    libro_.Load();
+    libro_.RecargarAlPreciar(false);
+}
+
+} // namespace vorimesk
