@@ -73,7 +73,8 @@ void Vigilancia::Avanzar() {
 void Vigilancia::Paso() {
     FuenteConexiones& fuente = *plataforma_.conexiones;
     fuente.Actualizar();
-    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName()};
+    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName(),
+                                  fuente.Aviso()};
     for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
         if (s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas) {
             for (int i = log_.Count() - s.llamadas; i < log_.Count(); ++i) {

@@ -55,6 +55,9 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
     default:
         return s;
     }
+    if (!lectura.Aviso.empty()) {
+        p.MsgEstado = lectura.Aviso;
+    }
     if (estado != LecturaConexion::kConectado) {
         colgadoPorUsuario_ = false;
     }
