@@ -215,7 +215,8 @@ void ClienteNM::AlSenal(sdbus::Message& m) {
             releerConexiones_ = true;
             releerActivas_ = true;
         }
-    } catch (const sdbus::Error&) {
+    } catch (const std::exception&) {
+        // Nothing may leave a handler: it runs inside the bus library's C code.
         releerActivas_ = true;
     }
 }
@@ -270,7 +271,11 @@ void ClienteNM::AlDueño(sdbus::Message& m) {
     std::string nombre;
     std::string antes;
     std::string ahora;
-    m >> nombre >> antes >> ahora;
+    try {
+        m >> nombre >> antes >> ahora;
+    } catch (const std::exception&) {
+        return; // not the signal it claims to be
+    }
     presente_ = !ahora.empty();
     if (presente_) {
         ++reinicios_;
