@@ -31,8 +31,8 @@ protected:
     }
 
     prueba::ResultadoCli Vigilar(const std::string& segundos) {
-        std::vector<std::string> args = {"vorimesk-cli", "--datos", datos.string(), "vigilar",
-                                         "--segundos", segundos};
+        std::vector<std::string> args = {"vorimesk-cli", "--datos",    datos.string(),
+                                         "vigilar",      "--segundos", segundos};
         std::vector<const char*> argv;
         for (const std::string& a : args) {
             argv.push_back(a.c_str());
@@ -71,7 +71,8 @@ TEST_F(VigilarNetworkManager, UnaLlamadaDeBandaAnchaMovilConLaTarifaDeSuEntrada)
     }
     const auto veces = [&](const std::string& texto) {
         int n = 0;
-        for (auto i = r.salida.find(texto); i != std::string::npos; i = r.salida.find(texto, i + 1)) {
+        for (auto i = r.salida.find(texto); i != std::string::npos;
+             i = r.salida.find(texto, i + 1)) {
             ++n;
         }
         return n;

@@ -53,8 +53,10 @@ struct PlataformaPrueba {
         p.entradas = sistema;
         p.modems = sistema;
         p.cargaAlIniciar = carga;
+        p.origen = origen;
         return p;
     }
+    std::string origen;
 };
 
 } // namespace vorimesk::prueba
