@@ -89,7 +89,7 @@ void AñadirNetworkManager(const OpcionesPlataforma& o, Plataforma& p) {
         return; // gone since it was asked for: pppd alone
     }
     p.conexiones = std::make_shared<FuenteConexionesCombinada>(
-        std::make_shared<FuenteConexionesNM>(cliente), p.conexiones);
+        std::make_shared<FuenteConexionesNM>(cliente, o.raices.sys), p.conexiones);
     p.marcador =
         std::make_shared<MarcadorCombinado>(std::make_shared<MarcadorNM>(cliente), p.marcador);
     p.entradas =

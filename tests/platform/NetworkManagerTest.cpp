@@ -32,6 +32,8 @@ protected:
         if (IsSkipped() || HasFatalFailure()) {
             return;
         }
+        // The modem's network interface, while the link is up.
+        Escribir(dir / "sys" / "class" / "net" / "wwan0" / "flags", "0x1091\n");
         conexion = AñadirConexion("Movistar 3G", "gsm", "uuid-movistar");
         modem = AñadirModem("wwan0", "wwan0", {sdbus::ObjectPath(conexion)});
         // An empty pppd side: no ppp interface, no pppd, no peers.
@@ -148,6 +150,20 @@ TEST_F(NetworkManagerSimulado, UnaLlamadaEnteraMarcadaYColgadaDesdeElContador) {
     EXPECT_EQ(Propiedad(modem, kEstadisticas, "RefreshRateMs").get<std::uint32_t>(), 0u);
 }
 
+TEST_F(NetworkManagerSimulado, ElEstadoLlegaTambienPorLaSenalStateChanged) {
+    const std::string activa = Activar(conexion, modem);
+    Fijar(activa, kActiva, "State", sdbus::Variant(std::uint32_t{1}));
+    EXPECT_EQ(Hasta(3).back(), 3);
+    // Only the signal, with no property change behind it to read again.
+    Proxy(kNM, activa)
+        ->callMethod("EmitSignal")
+        .onInterface(kMock)
+        .withArguments(std::string(kActiva), std::string("StateChanged"), std::string("uu"),
+                       std::vector<sdbus::Variant>{sdbus::Variant(std::uint32_t{2}),
+                                                   sdbus::Variant(std::uint32_t{0})});
+    EXPECT_EQ(Hasta(2).back(), 2);
+}
+
 TEST_F(NetworkManagerSimulado, UnaMarcacionFallidaNoEsUnaLlamadaYUnRechazoSeExplica) {
     const std::string activa = Activar(conexion, modem);
     Fijar(activa, kActiva, "State", sdbus::Variant(std::uint32_t{1}));
@@ -204,6 +220,19 @@ TEST_F(NetworkManagerSimulado, LaLlamadaTerminaSiTrasElReinicioElEnlaceYaNoEsta)
     ArrancarNetworkManager();
     EXPECT_EQ(Hasta(0), Estados{0});
     EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+}
+
+TEST_F(NetworkManagerSimulado, SinNetworkManagerLaLlamadaAcabaCuandoCaeSuInterfaz) {
+    Activar(conexion, modem);
+    EXPECT_EQ(Hasta(2).back(), 2);
+    PararNetworkManager();
+    EXPECT_EQ(Durante(50ms), Estados{2});
+    std::filesystem::remove_all(dir / "sys" / "class" / "net" / "wwan0");
+    EXPECT_EQ(Hasta(0), Estados{0});
+    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+    // Back without the link: the call has ended already, once.
+    ArrancarNetworkManager();
+    EXPECT_EQ(Durante(100ms), Estados{0});
 }
 
 } // namespace

@@ -14,8 +14,16 @@ bool Viva(const ActivaNM& a) {
 
 } // namespace
 
-FuenteConexionesNM::FuenteConexionesNM(std::shared_ptr<ClienteNM> cliente)
-    : cliente_(std::move(cliente)) {}
+FuenteConexionesNM::FuenteConexionesNM(std::shared_ptr<ClienteNM> cliente,
+                                       std::filesystem::path sys)
+    : cliente_(std::move(cliente)), sys_(std::move(sys)) {}
+
+// The only thing left to tell while NetworkManager is away.
+bool FuenteConexionesNM::InterfazPerdida() const {
+    std::error_code ec;
+    return !vigilada_->interfaz.empty() &&
+           !std::filesystem::exists(sys_ / "class" / "net" / vigilada_->interfaz, ec);
+}
 
 void FuenteConexionesNM::Fijar(int count, int estado, const std::string& entrada,
                                const std::string& interfaz, std::optional<Trafico> bytes) {
@@ -73,7 +81,11 @@ void FuenteConexionesNM::Vigilar(const ActivaNM& a) {
 void FuenteConexionesNM::Actualizar() {
     cliente_->Bombear();
     if (vigilada_ && (!cliente_->Presente() || cliente_->Iniciando())) {
-        // Nothing can be told until NetworkManager is back: the call goes on.
+        if (InterfazPerdida()) {
+            FinDeLlamada(0);
+            return;
+        }
+        // Nothing more can be told until NetworkManager is back: the call goes on.
         Fijar(std::max(count_, 1), kConectado, vigilada_->id, vigilada_->interfaz,
               vigilada_->bytes);
         return;

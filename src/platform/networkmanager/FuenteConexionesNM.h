@@ -6,19 +6,21 @@
 //      nothing else happens, so the monitor always sees the call end;
 //  -1  nothing, and no call has ended since the last link started.
 // While NetworkManager is off the bus or still starting, the watched call
-// is taken as up: after a restart it finds the link again, by the
-// connection's uuid, or ends the call then.
+// is taken as up as long as its network interface is there: after a restart
+// it finds the link again, by the connection's uuid, or ends the call then.
 
 #include "platform/FuenteConexiones.h"
 #include "platform/networkmanager/ClienteNM.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace vorimesk {
 
 class FuenteConexionesNM final : public FuenteConexiones {
 public:
-    explicit FuenteConexionesNM(std::shared_ptr<ClienteNM> cliente);
+    // `sys` is where the network interfaces are looked for (/sys).
+    FuenteConexionesNM(std::shared_ptr<ClienteNM> cliente, std::filesystem::path sys);
 
     void Actualizar() override;
     int Count() const override { return count_; }
@@ -41,12 +43,14 @@ private:
     };
 
     bool SigueArriba(std::vector<ActivaNM>& enlaces);
+    bool InterfazPerdida() const;
     void Vigilar(const ActivaNM& a);
     void FinDeLlamada(int count);
     void Fijar(int count, int estado, const std::string& entrada, const std::string& interfaz,
                std::optional<Trafico> bytes);
 
     std::shared_ptr<ClienteNM> cliente_;
+    std::filesystem::path sys_;
     std::optional<Vigilada> vigilada_;
     bool trasLlamada_ = false;
     Vigilada ultima_; // the call that ended last, for the state 0
