@@ -55,8 +55,9 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
     default:
         return s;
     }
-    if (!lectura.Aviso.empty()) {
-        p.MsgEstado = lectura.Aviso;
+    p.Aviso = lectura.Aviso;
+    if (!p.Aviso.empty()) {
+        p.MsgEstado = p.Aviso;
     }
     if (estado != LecturaConexion::kConectado) {
         colgadoPorUsuario_ = false;
