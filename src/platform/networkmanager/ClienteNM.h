@@ -83,7 +83,6 @@ public:
     // The last refusal of a dial or hang-up, in Spanish; cleared by the next
     // request that goes well.
     const std::string& Aviso() const { return aviso_; }
-    void Aviso(std::string texto) { aviso_ = std::move(texto); }
 
     // The bus, for ModemManager's modems; null while there is no connection.
     sdbus::IConnection* Bus() const { return bus_.get(); }
