@@ -96,13 +96,19 @@ TEST_F(NetworkManagerSimulado, ListaLasConexionesQueMarcanEnSuOrdenYSigueLosCamb
     const std::string adsl = AñadirConexion("ADSL", "pppoe", "uuid-adsl");
     AñadirConexion("Cable", "802-3-ethernet", "uuid-eth");
     AñadirConexion("Modem QMI", "generic", "uuid-wwan", "wwan0");
+    // A phone over Bluetooth dials as a modem (DUN), not as a network (PANU).
+    prueba::BusSimulado::Ajustes dun;
+    dun["bluetooth"]["type"] = sdbus::Variant(std::string("dun"));
+    AñadirConexion("Telefono", "bluetooth", "uuid-dun", {}, dun);
+    dun["bluetooth"]["type"] = sdbus::Variant(std::string("panu"));
+    AñadirConexion("Red del telefono", "bluetooth", "uuid-panu", {}, dun);
     EXPECT_EQ(plataforma.entradas->Entradas(),
-              (std::vector<std::string>{"Movistar 3G", "ADSL", "Modem QMI"}));
+              (std::vector<std::string>{"Movistar 3G", "ADSL", "Modem QMI", "Telefono"}));
     EXPECT_NE(plataforma.origen.find("NetworkManager"), std::string::npos) << plataforma.origen;
 
     Borrar(adsl);
     EXPECT_EQ(plataforma.entradas->Entradas(),
-              (std::vector<std::string>{"Movistar 3G", "Modem QMI"}));
+              (std::vector<std::string>{"Movistar 3G", "Modem QMI", "Telefono"}));
 }
 
 TEST_F(NetworkManagerSimulado, ModemsDeModemManagerYLosPuertosSerieQueNoUsa) {

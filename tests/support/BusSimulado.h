@@ -76,8 +76,8 @@ protected:
 
     // A connection of the settings, as the desktop's network settings add it.
     std::string AñadirConexion(const std::string& id, const std::string& tipo,
-                               const std::string& uuid, const std::string& interfaz = {}) {
-        Ajustes a;
+                               const std::string& uuid, const std::string& interfaz = {},
+                               Ajustes a = {}) {
         a["connection"]["id"] = sdbus::Variant(id);
         a["connection"]["type"] = sdbus::Variant(tipo);
         a["connection"]["uuid"] = sdbus::Variant(uuid);
