@@ -62,6 +62,9 @@ set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ppp")
 # Qt's own dialogs (print, open file) in Spanish; merged with the library
 # dependencies that dpkg-shlibdeps finds.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n")
+# libsdbus-c++1 comes in through the shared-library dependencies; these are
+# what the NetworkManager links need on the other end of the bus.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "network-manager, modemmanager")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
     ${PROJECT_SOURCE_DIR}/data/debian/conffiles ${PROJECT_SOURCE_DIR}/data/debian/postinst
     ${PROJECT_SOURCE_DIR}/data/debian/postrm)

@@ -46,6 +46,9 @@ std::string LineaEstado(const MonitorConexion& monitor, const LecturaConexion& l
     if (!lectura.EntryName.empty()) {
         linea += " | Conexion: " + lectura.EntryName;
     }
+    if (!lectura.Aviso.empty()) {
+        linea += " | " + lectura.Aviso;
+    }
     if (monitor.MedidorActivo()) {
         linea += " | Duracion: " + p.Tiempo + " | Coste: " + p.Gasto + " | Franja: " + p.Tarifa +
                  " | BonoNet: " + (p.Bono.empty() ? "no" : "si");

@@ -7,6 +7,7 @@
 #include "ObservadoresVigilar.h"
 #include "Ordenes.h"
 #include "Vigilancia.h"
+#include "platform/Plataforma.h"
 
 #include <chrono>
 #include <csignal>
@@ -131,6 +132,8 @@ void RegistrarOrdenVigilar(AplicacionCli& aplicacion) {
     orden->add_option("--segundos", o->segundos, "Termina tras S segundos de contador")
         ->type_name("S")
         ->check(EnteroEntre(0, 100000000));
+    // Asked only when the help is shown: it looks for NetworkManager on the bus.
+    orden->footer([] { return OrigenConexiones(OpcionesPlataforma{}) + "."; });
 }
 
 } // namespace vorimesk::cli

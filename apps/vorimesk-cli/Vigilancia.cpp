@@ -80,7 +80,8 @@ void Vigilancia::Avanzar() {
 void Vigilancia::Paso() {
     FuenteConexiones& fuente = *plataforma_.conexiones;
     fuente.Actualizar();
-    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName()};
+    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName(),
+                                  fuente.Aviso()};
     const MomentoVigilancia momento{reloj_->Ahora(), lectura, *monitor_, log_};
     observador_.Lectura(momento);
     for (const SucesoMonitor& s : monitor_->Tick(lectura)) {

@@ -4,6 +4,7 @@
 // the scripted modem and on a test's made-up values.
 
 #include <string>
+#include <utility>
 
 namespace vorimesk {
 
@@ -14,9 +15,17 @@ struct LecturaConexion {
     static constexpr int kConectado = 2;
     static constexpr int kConectando = 3;
 
+    // A constructor, not an aggregate: a reading made without a notice is
+    // complete as it is.
+    LecturaConexion(int count = 0, int estado = kNada, std::string entrada = {},
+                    std::string aviso = {})
+        : Count(count), IntState(estado), EntryName(std::move(entrada)), Aviso(std::move(aviso)) {}
+
     int Count = 0;
     int IntState = kNada;
     std::string EntryName;
+    // Why the system refused the last dial or hang-up; shown on the status line.
+    std::string Aviso;
 };
 
 } // namespace vorimesk

@@ -55,6 +55,10 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
     default:
         return s;
     }
+    p.Aviso = lectura.Aviso;
+    if (!p.Aviso.empty()) {
+        p.MsgEstado = p.Aviso;
+    }
     if (estado != LecturaConexion::kConectado) {
         colgadoPorUsuario_ = false;
     }

@@ -27,6 +27,9 @@ struct PantallaMonitor {
     std::string Tarifa2;   // lTarifa2: the entry's tariff
     std::string Descuento; // the entry's discount
     std::string MsgEstado; // lMsgEstado
+    // Why the system refused the last dial or hang-up; lMsgEstado shows it
+    // even while idle.
+    std::string Aviso;
 
     // The live meter; also what the mini window shows.
     std::string Tiempo = "00:00:00"; // lTiempo

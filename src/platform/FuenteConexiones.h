@@ -8,6 +8,10 @@
 
 namespace vorimesk {
 
+// Who brought the link up, so a call can be recorded under the right name
+// when no pppd session journal tells of it.
+enum class OrigenEnlace { Desconocido, Pppd, NetworkManager };
+
 // Bytes moved by a link since it came up.
 struct Trafico {
     std::uint64_t recibidos = 0;
@@ -40,6 +44,13 @@ public:
     // Bytes of the current link (the final ones of the ended call for
     // kDesconectado) when the system tells them.
     virtual std::optional<Trafico> Bytes() const = 0;
+
+    // Network interface of the first connection (ppp0, wwan0) when known.
+    virtual std::string Interfaz() const { return {}; }
+    virtual OrigenEnlace Origen() const { return OrigenEnlace::Desconocido; }
+    // Why the last dial or hang-up was refused, for the status line; empty
+    // when it went well.
+    virtual std::string Aviso() const { return {}; }
 };
 
 } // namespace vorimesk

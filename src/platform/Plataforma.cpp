@@ -12,6 +12,15 @@
 #include "platform/simulated/CargaAlIniciarEnMemoria.h"
 #include "platform/simulated/ModemSimulado.h"
 
+#ifdef VORIMESK_CON_NM
+#include "platform/EntradasCombinadas.h"
+#include "platform/FuenteConexionesCombinada.h"
+#include "platform/MarcadorCombinado.h"
+#include "platform/networkmanager/EntradasNM.h"
+#include "platform/networkmanager/FuenteConexionesNM.h"
+#include "platform/networkmanager/ModemsMM.h"
+#endif
+
 #include <cstdlib>
 
 namespace vorimesk {
@@ -41,6 +50,23 @@ Plataforma Simulada(const OpcionesPlataforma& o) {
     return p;
 }
 
+std::string OrigenSimulado(const OpcionesPlataforma& o) {
+    return "Conexiones del modem simulado (" + o.guion->filename().string() + ")";
+}
+
+std::string OrigenPppd(const OpcionesPlataforma& o) {
+    return "de pppd (" + o.raices.peers.string() + ")";
+}
+
+bool ConNetworkManager(const OpcionesPlataforma& o) {
+#ifdef VORIMESK_CON_NM
+    return o.networkManager && ClienteNM::Disponible();
+#else
+    (void)o;
+    return false;
+#endif
+}
+
 Plataforma Linux(const OpcionesPlataforma& o) {
     Plataforma p;
     p.conexiones = std::make_shared<FuenteConexionesLinux>(o.raices);
@@ -56,8 +82,30 @@ Plataforma Linux(const OpcionesPlataforma& o) {
     p.sesiones = std::make_shared<TomaDiarioPpp>(origen);
     p.cargaAlIniciar = std::make_shared<CargaAlIniciarXdg>(
         CargaAlIniciarXdg::Carpeta(o.entorno.xdgConfigHome, o.entorno.home));
+    p.origen = "Conexiones " + OrigenPppd(o);
     return p;
 }
+
+#ifdef VORIMESK_CON_NM
+// NetworkManager's links beside pppd's: a peer started with "pon" on a
+// NetworkManager desktop is still a call.
+void AñadirNetworkManager(const OpcionesPlataforma& o, Plataforma& p) {
+    std::shared_ptr<ClienteNM> cliente;
+    try {
+        cliente = std::make_shared<ClienteNM>();
+    } catch (const Error&) {
+        return; // gone since it was asked for: pppd alone
+    }
+    p.conexiones = std::make_shared<FuenteConexionesCombinada>(
+        std::make_shared<FuenteConexionesNM>(cliente, o.raices.sys), p.conexiones);
+    p.marcador =
+        std::make_shared<MarcadorCombinado>(std::make_shared<MarcadorNM>(cliente), p.marcador);
+    p.entradas =
+        std::make_shared<EntradasCombinadas>(std::make_shared<EntradasNM>(cliente), p.entradas);
+    p.modems = std::make_shared<ModemsMM>(cliente, p.modems, RutaModemLogLinux(o.entorno.modemLog));
+    p.origen = "Conexiones de NetworkManager y " + OrigenPppd(o);
+}
+#endif
 
 } // namespace
 
@@ -68,8 +116,24 @@ EntornoPlataforma EntornoPlataforma::Actual() {
 
 Plataforma CrearPlataforma(const OpcionesPlataforma& o) {
     Plataforma p = o.guion ? Simulada(o) : Linux(o);
+#ifdef VORIMESK_CON_NM
+    if (!o.guion && ConNetworkManager(o)) {
+        AñadirNetworkManager(o, p);
+    }
+#endif
+    if (o.guion) {
+        p.origen = OrigenSimulado(o);
+    }
     p.instancia = std::make_shared<InstanciaUnicaFlock>(InstanciaUnicaFlock::Ruta(o.carpetaDatos));
     return p;
+}
+
+std::string OrigenConexiones(const OpcionesPlataforma& o) {
+    if (o.guion) {
+        return OrigenSimulado(o);
+    }
+    return ConNetworkManager(o) ? "Conexiones de NetworkManager y " + OrigenPppd(o)
+                                : "Conexiones " + OrigenPppd(o);
 }
 
 } // namespace vorimesk

@@ -39,6 +39,9 @@ struct OpcionesPlataforma {
     EntornoPlataforma entorno = EntornoPlataforma::Actual();
     RaicesLinux raices;
     EjecutarOrden ejecutar = EjecutarEnSistema;
+    // Whether NetworkManager's links are watched too when it is on the
+    // system bus; off, only pppd's are.
+    bool networkManager = true;
 };
 
 // The scripted modem is one object behind the first four interfaces, so a
@@ -53,6 +56,8 @@ struct Plataforma {
     // The sessions the system recorded by itself (the pppd journal); none
     // for the scripted modem, which writes its modem log directly.
     std::shared_ptr<TomaSesiones> sesiones;
+    // Where the links come from, in one line for the user.
+    std::string origen;
 };
 
 // The session log of the scripted modem when VORIMESK_MODEMLOG is not set.
@@ -60,5 +65,8 @@ inline constexpr const char* kModemLogSimulado = "ModemLogSimulado.txt";
 
 // Throws ErrorArchivo or Error (Spanish) when the script cannot be read.
 Plataforma CrearPlataforma(const OpcionesPlataforma& opciones);
+
+// The line Plataforma::origen would hold, without starting the platform.
+std::string OrigenConexiones(const OpcionesPlataforma& opciones);
 
 } // namespace vorimesk

@@ -136,6 +136,7 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
                        static_cast<QWidget*>(lMsgEstado)}) {
         w->setVisible(p.EtiquetasLlamada);
     }
+    lMsgEstado->setVisible(p.EtiquetasLlamada || !p.Aviso.empty());
     lConectado->setText(QString::fromStdString(p.Conectado));
     lTarifa2->setText(QString::fromStdString(p.Tarifa2));
     listaConexiones->setHidden(!p.ListaConexiones);

@@ -40,9 +40,18 @@ TabConexiones::TabConexiones(DatosVentana& datos, QWidget* padre) : QWidget(padr
     auto* dentro = new QHBoxLayout(marco);
     dentro->addLayout(lista, 1);
     dentro->addLayout(derecha);
+    lOrigen = new QLabel(this);
+    lOrigen->setObjectName("lOrigen");
+    lOrigen->setWordWrap(true);
     auto* todo = new QVBoxLayout(this);
     todo->addWidget(marco);
+    todo->addWidget(lOrigen);
     MostrarEntradas({});
+}
+
+void TabConexiones::MostrarOrigen(const std::string& origen) {
+    lOrigen->setText(QString::fromStdString(origen));
+    lOrigen->setVisible(!origen.empty());
 }
 
 void TabConexiones::MostrarEntradas(const std::vector<std::string>& entradas) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QComboBox;
+class QLabel;
 class QListWidget;
 
 namespace vorimesk {
@@ -21,6 +22,8 @@ public:
 
     // The system's entries, in order; none shows "No hay conexiones disponibles.".
     void MostrarEntradas(const std::vector<std::string>& entradas);
+    // Where the system's entries come from, in one line under the list.
+    void MostrarOrigen(const std::string& origen);
     // The tariff names of the book, for the tariff list.
     void MostrarTarifas();
 
@@ -31,6 +34,7 @@ public:
     QListWidget* listaConexiones2 = nullptr;
     QComboBox* cmbTarifa = nullptr;
     QComboBox* cmbDescuento = nullptr;
+    QLabel* lOrigen = nullptr;
 
 private:
     void Seleccion();

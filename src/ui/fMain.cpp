@@ -93,6 +93,7 @@ void fMain::Construir() {
     SSTab1->setObjectName("SSTab1");
     tabResumen = new TabResumen(SSTab1);
     tabConexiones = new TabConexiones(datos_, SSTab1);
+    tabConexiones->MostrarOrigen(entorno_.plataforma.origen);
     tabTarifas = new TabTarifas(datos_, entorno_.carpetaPrograma, SSTab1);
     tabRegistro = new TabRegistro(SSTab1);
     tabFestivos = new TabFestivos(datos_, SSTab1);
@@ -309,8 +310,8 @@ void fMain::TickHora() {
 void fMain::TickEstado() {
     FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
     fuente.Actualizar();
-    MonitorConexion::Sucesos sucesos =
-        monitor_.TickEstado({fuente.Count(), fuente.IntState(), fuente.EntryName()});
+    MonitorConexion::Sucesos sucesos = monitor_.TickEstado(
+        {fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()});
     for (SucesoMonitor& s : monitor_.TickActual()) {
         sucesos.push_back(std::move(s));
     }

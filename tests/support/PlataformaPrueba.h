@@ -23,6 +23,7 @@ public:
     int IntState() const override { return estado; }
     std::string EntryName() const override { return estado == kNada ? std::string() : entrada; }
     std::optional<Trafico> Bytes() const override { return std::nullopt; }
+    std::string Aviso() const override { return aviso; }
 
     void Marcar(const std::string& entrada) override { marcadas.push_back(entrada); }
     int Colgar(const std::string& e) override {
@@ -40,6 +41,7 @@ public:
     std::vector<std::string> colgadas;
     int estado = kNada;
     std::string entrada;
+    std::string aviso;
 };
 
 struct PlataformaPrueba {
@@ -53,8 +55,10 @@ struct PlataformaPrueba {
         p.entradas = sistema;
         p.modems = sistema;
         p.cargaAlIniciar = carga;
+        p.origen = origen;
         return p;
     }
+    std::string origen;
 };
 
 } // namespace vorimesk::prueba

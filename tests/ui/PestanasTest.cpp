@@ -171,8 +171,10 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
                           {"Trabajo", "Metropolitana", "Ninguno"}};
     EscribirAjustes(s);
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
+    plataforma.origen = "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)";
     auto v = Abrir();
     TabConexiones& t = *v->tabConexiones;
+    EXPECT_EQ(t.lOrigen->text(), "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)");
     EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
     EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
 

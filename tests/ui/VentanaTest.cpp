@@ -141,6 +141,14 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
     v->panel->listaConexiones->setCurrentRow(1);
     emit v->panel->listaConexiones->itemDoubleClicked(v->panel->listaConexiones->item(1));
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
+    // A refused dial is told on the status line, idle as the window is.
+    plataforma.sistema->aviso = "NetworkManager no ha podido activar \"Trabajo\".";
+    v->TickEstado();
+    EXPECT_FALSE(v->panel->lMsgEstado->isHidden());
+    EXPECT_EQ(v->panel->lMsgEstado->text(), "NetworkManager no ha podido activar \"Trabajo\".");
+    plataforma.sistema->aviso.clear();
+    v->TickEstado();
+    EXPECT_TRUE(v->panel->lMsgEstado->isHidden());
 }
 
 TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {

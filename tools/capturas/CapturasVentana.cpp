@@ -138,6 +138,7 @@ bool CapturarVentana(const QString& carpeta) {
     EntornoVentana entorno;
     entorno.carpetaDatos = dir;
     entorno.plataforma = plataforma.Crear();
+    entorno.plataforma.origen = "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)";
     entorno.reloj = &kReloj;
     fMain ventana(entorno);
     ventana.Cargar();

@@ -22,6 +22,8 @@ public:
     int IntState() const override { return estado_; }
     std::string EntryName() const override { return entrada_; }
     std::optional<Trafico> Bytes() const override { return bytes_; }
+    std::string Interfaz() const override { return vigilada_.value_or(std::string()); }
+    OrigenEnlace Origen() const override { return OrigenEnlace::Pppd; }
 
 private:
     void FinDeLlamada(int count);
