@@ -102,7 +102,8 @@ void AñadirNetworkManager(const OpcionesPlataforma& o, Plataforma& p) {
         std::make_shared<MarcadorCombinado>(std::make_shared<MarcadorNM>(cliente), p.marcador);
     p.entradas =
         std::make_shared<EntradasCombinadas>(std::make_shared<EntradasNM>(cliente), p.entradas);
-    p.modems = std::make_shared<ModemsMM>(cliente, p.modems, RutaModemLogLinux(o.entorno.modemLog));
+    p.modems = std::make_shared<ModemsMM>(cliente, p.modems,
+                                          RutaModemLogLinux(o.entorno.modemLog, o.carpetaDatos));
     p.origen = "Conexiones de NetworkManager y " + OrigenPppd(o);
 }
 #endif
