@@ -12,6 +12,7 @@
 #include "core/cTiempo.h"
 #include "tariff/cLlamada.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace fs = std::filesystem;
@@ -245,7 +246,22 @@ bool Log::CrearLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion&
     return AñadirLog(bono, festivos, pendientes);
 }
 
-void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
+std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
+    if (r.LlamadasSinTarifa == 0) {
+        return {};
+    }
+    std::string nombres;
+    for (const std::string& t : r.TarifasDesconocidas) {
+        nombres += (nombres.empty() ? "\"" : ", \"") + t + "\"";
+    }
+    const bool una = r.LlamadasSinTarifa == 1;
+    return std::to_string(r.LlamadasSinTarifa) + (una ? " llamada tiene" : " llamadas tienen") +
+           " una tarifa que no esta en el libro de tarifas (" + nombres +
+           "): " + (una ? "conserva su importe anterior." : "conservan su importe anterior.");
+}
+
+RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
+    RecalculoLog resultado;
     cBono trabajo(bono);
     trabajo.Reset();
     cLlamada libro = LibroDeTarifas(carpeta_, festivos);
@@ -261,7 +277,17 @@ void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
             mesFactura = inicio.Mes();
             trabajo.Reset();
         }
-        libro.Datos(inicio, fin, &trabajo, r.Tarifa.Recortado());
+        const std::string tarifa = r.Tarifa.Recortado();
+        if (!libro.Datos(inicio, fin, &trabajo, tarifa)) {
+            // The book's results are another call's: this one keeps its own.
+            const std::string nombre = tarifa.empty() ? libro.NombreTarifa() : tarifa;
+            auto& desconocidas = resultado.TarifasDesconocidas;
+            if (std::find(desconocidas.begin(), desconocidas.end(), nombre) == desconocidas.end()) {
+                desconocidas.push_back(nombre);
+            }
+            ++resultado.LlamadasSinTarifa;
+            continue;
+        }
         r.importe.Poner(TextoImporte(libro.importe()));
         r.Tipo = TipoDeBanda(libro.Tipo());
         r.Bono = libro.BonoNet() ? -1 : 0;
@@ -269,6 +295,7 @@ void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
     }
     registros_ = std::move(nuevos);
     bono.Copiar(trabajo);
+    return resultado;
 }
 
 } // namespace vorimesk
