@@ -5,6 +5,7 @@
 
 #include <QProcess>
 #include <QStandardPaths>
+#include <cstdio>
 
 namespace vorimesk {
 namespace {
@@ -52,14 +53,19 @@ void ArrancarPrograma(QObject* dueño, const QString& ruta,
                              lanzador->deleteLater();
                          }
                      });
-    QObject::connect(
-        lanzador, &QProcess::finished, lanzador,
-        [lanzador, ruta, alFallar](int codigo, QProcess::ExitStatus estado) {
-            if (estado != QProcess::NormalExit || codigo != 0) {
-                alFallar(NoArranca(ruta, QString::fromLocal8Bit(lanzador->readAll()).trimmed()));
-            }
-            lanzador->deleteLater();
-        });
+    QObject::connect(lanzador, &QProcess::finished, lanzador,
+                     [lanzador, ruta, programa, alFallar](int codigo, QProcess::ExitStatus estado) {
+                         if (estado != QProcess::NormalExit || codigo != 0) {
+                             // The launcher's own words are not Spanish: they go to the
+                             // terminal only.
+                             const QByteArray dicho = lanzador->readAll().trimmed();
+                             if (!dicho.isEmpty()) {
+                                 std::fprintf(stderr, "%s\n", dicho.constData());
+                             }
+                             alFallar(NoArranca(ruta, programa + " no ha podido abrirlo"));
+                         }
+                         lanzador->deleteLater();
+                     });
     lanzador->start(programa, Argumentos(orden));
 }
 
