@@ -12,15 +12,24 @@
 namespace vorimesk::cli {
 namespace {
 
-int Recalcular(ContextoCli& contexto, bool json, std::ostream& salida) {
+int Recalcular(ContextoCli& contexto, bool json, std::ostream& salida, std::ostream& errores) {
     AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
     Log log(contexto.Carpeta());
     log.CargarLog();
-    log.ModificarLog(ajustes.bono, ajustes.festivos);
+    const RecalculoLog r = log.ModificarLog(ajustes.bono, ajustes.festivos);
     log.SalvarLog();
     GuardarBonoSiCambio(ajustes);
+    if (r.LlamadasSinTarifa > 0) {
+        errores << AvisoTarifasDesconocidas(r) << "\n";
+    }
     if (json) {
-        salida << nlohmann::json{{"llamadas", log.Count()}}.dump() << "\n";
+        nlohmann::json j{{"llamadas", log.Count()}};
+        // Only when there are any, so the usual answer keeps its shape.
+        if (r.LlamadasSinTarifa > 0) {
+            j["tarifasDesconocidas"] = r.TarifasDesconocidas;
+            j["llamadasSinTarifa"] = r.LlamadasSinTarifa;
+        }
+        salida << j.dump() << "\n";
     } else {
         salida << "Llamadas recalculadas: " << log.Count() << ".\n";
     }
@@ -34,8 +43,8 @@ void RegistrarOrdenRecalcular(AplicacionCli& aplicacion) {
     ContextoCli& contexto = aplicacion.Contexto();
     CLI::App* orden = aplicacion.Orden(
         "recalcular", "Vuelve a calcular todas las llamadas del registro con los datos actuales",
-        [json, &contexto](std::ostream& salida, std::ostream&) {
-            return Recalcular(contexto, *json, salida);
+        [json, &contexto](std::ostream& salida, std::ostream& errores) {
+            return Recalcular(contexto, *json, salida, errores);
         });
     orden->add_flag("--json", *json, "Resultado como documento JSON");
 }

@@ -125,7 +125,13 @@ int Recuperar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& 
         log.Vaciar(); // the calls it held stay in the "bak" copy after saving
     }
     const int antes = log.Count();
-    copias.Recuperar(o.nombre, log); // a damaged archive changes nothing
+    // Read apart and then added: without --sustituir the command keeps the
+    // calls it had and adds the archive's behind them.
+    Log archivadas(aplicacion.Contexto().Carpeta());
+    copias.Recuperar(o.nombre, archivadas); // a damaged archive changes nothing
+    for (int i = 0; i < archivadas.Count(); ++i) {
+        log.AñadirItem(archivadas.Registro(i));
+    }
     const int recuperadas = log.Count() - antes;
     log.SalvarLog();
     if (o.json) {

@@ -5,6 +5,7 @@
 #include "AplicacionVorimesk.h"
 #include "core/CarpetaDatos.h"
 #include "core/Errores.h"
+#include "platform/CargaAlIniciar.h"
 #include "platform/LineasModemLog.h"
 #include "platform/Plataforma.h"
 #include "tariff/LibroPorDefecto.h"
@@ -82,6 +83,7 @@ int Ejecutar(AplicacionVorimesk& app) {
     entorno.carpetaDatos = carpeta;
     entorno.carpetaPrograma = QCoreApplication::applicationDirPath().toStdString();
     entorno.ejecutable = QCoreApplication::applicationFilePath().toStdString();
+    entorno.argumentos = OpcionesAlIniciar(opciones.datos);
     entorno.plataforma = plataforma;
     entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog, carpeta);
     entorno.reloj = &reloj;

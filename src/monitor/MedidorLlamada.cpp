@@ -2,6 +2,7 @@
 
 #include "FormatoCoste.h"
 #include "PerfilEntrada.h"
+#include "core/cTiempo.h"
 
 namespace vorimesk {
 
@@ -17,6 +18,14 @@ LecturaMedidor MedidorLlamada::Medir(cLlamada& libro, Fecha inicio, Fecha ahora,
     l.ConBono = perfil.Descuento == kDescuentoBonoNet;
     libro.NombreTarifa(perfil.Tarifa);
     l.Tasada = libro.Datos(inicio, ahora, l.ConBono ? &bono_ : nullptr);
+    if (!l.Tasada) {
+        // The book's results belong to another call: only the time is known.
+        cTiempo tiempo;
+        tiempo.ConvTiempo(static_cast<std::int32_t>(ahora.Segundos() - inicio.Segundos()));
+        l.Duracion = tiempo.Valor();
+        l.TextoCoste = kTarifaDesconocida;
+        return l;
+    }
     l.Duracion = libro.Duracion();
     l.importe = libro.importe();
     l.Coste = CosteMostrado(l.importe, ajustes_);
@@ -38,6 +47,10 @@ std::string MedidorLlamada::TextoBanda(std::int16_t tipo) {
 }
 
 std::string MedidorLlamada::PuntaBandeja(const LecturaMedidor& l) {
+    if (!l.Tasada) {
+        return std::string(kTituloVentana) + "  Conectado a " + l.Entrada + "\n" + l.Duracion +
+               "  " + kTarifaDesconocida + " (\"" + l.NombreTarifa + "\")";
+    }
     std::string punta = std::string(kTituloVentana) + "  Conectado a " + l.Entrada + "\n" +
                         l.Duracion + "  " + l.TextoCoste + "  " + TextoBanda(l.TipoActual);
     if (l.BonoNetActual) {
@@ -47,7 +60,7 @@ std::string MedidorLlamada::PuntaBandeja(const LecturaMedidor& l) {
 }
 
 void MedidorLlamada::Mostrar(const LecturaMedidor& l, PantallaMonitor& p) const {
-    if (l.ConBono) {
+    if (l.ConBono && l.Tasada) {
         p.BonoGastado = l.BonoGastado;
         p.BonoQueda = l.BonoQueda;
     }
@@ -58,7 +71,7 @@ void MedidorLlamada::Mostrar(const LecturaMedidor& l, PantallaMonitor& p) const 
     }
     p.Tiempo = l.Duracion;
     p.Gasto = l.TextoCoste;
-    p.Tarifa = TextoBanda(l.TipoActual);
+    p.Tarifa = l.Tasada ? TextoBanda(l.TipoActual) : std::string();
     p.Bono = l.BonoNetActual ? "BonoNet" : "";
     p.PuntaBandeja = PuntaBandeja(l);
 }

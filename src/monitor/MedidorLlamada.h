@@ -14,6 +14,9 @@
 
 namespace vorimesk {
 
+// Shown in place of the cost while the entry's tariff is not in the book.
+inline constexpr const char* kTarifaDesconocida = "tarifa desconocida";
+
 class MedidorLlamada {
 public:
     // Reads the options and the program's ledger at every tick.

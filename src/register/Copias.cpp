@@ -9,6 +9,8 @@
 #include "core/Texto1252.h"
 #include "core/TextoDelimitado.h"
 
+#include <algorithm>
+
 namespace fs = std::filesystem;
 
 namespace vorimesk {
@@ -16,6 +18,11 @@ namespace {
 
 bool EnIntervalo(Fecha dia, Fecha desde, Fecha hasta) {
     return desde <= dia && dia <= hasta;
+}
+
+// The call's start: its day plus the time of day of its hour.
+std::int64_t Momento(const RegistroLlamada& r) {
+    return Fecha::DesdeOle(r.Dia).SoloFecha().Segundos() + Fecha::DesdeOle(r.Hora).SegundosDelDia();
 }
 
 } // namespace
@@ -64,10 +71,15 @@ void Copias::Recuperar(const std::string& nombre, Log& destino) const {
     } catch (const ErrorFormato& e) {
         throw e.ConRuta(ruta.string());
     }
-    if (destino.Count() + registros.size() > static_cast<std::size_t>(kMaximoLlamadas)) {
+    if (registros.size() > static_cast<std::size_t>(kMaximoLlamadas)) {
         throw ErrorDesbordamiento("el registro no admite mas de " +
                                   std::to_string(kMaximoLlamadas) + " llamadas");
     }
+    // The register's views (the period shown, the graphs) walk it in date
+    // order.
+    std::stable_sort(
+        registros.begin(), registros.end(),
+        [](const RegistroLlamada& a, const RegistroLlamada& b) { return Momento(a) < Momento(b); });
     destino.BorrarLog();
     for (const RegistroLlamada& r : registros) {
         destino.AñadirItem(r);

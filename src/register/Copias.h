@@ -47,10 +47,12 @@ public:
     bool Archivar(Log& registro, const std::string& nombre, const std::string& descripcion,
                   Fecha desde, Fecha hasta, bool borrarAlArchivar);
 
-    // Appends the archive's calls to `destino`, in file order, after its
-    // BorrarLog (which keeps what it held). Throws ErrorFormato for a damaged
-    // archive and ErrorDesbordamiento when the calls do not fit; `destino`
-    // is then unchanged.
+    // Replaces what `destino` held (its BorrarLog) with the archive's calls
+    // in date and hour order, calls of the same moment in file order: an
+    // archive made from a register that was out of order comes back in
+    // order. Throws ErrorFormato for a damaged archive and
+    // ErrorDesbordamiento when the calls do not fit; `destino` is then
+    // unchanged.
     void Recuperar(const std::string& nombre, Log& destino) const;
 
     // Deletes the file `nombre` of `carpeta`; its index entry stays.

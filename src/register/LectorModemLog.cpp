@@ -54,7 +54,12 @@ std::optional<RegistroLlamada> LectorModemLog::Linea(std::string_view linea) {
         Cerrado(linea);
     }
     if (contador_ >= 31) {
-        return Llamada();
+        RegistroLlamada llamada = Llamada();
+        if (bonoSesion_) {
+            bono_.Copiar(*bonoSesion_);
+            bonoSesion_.reset();
+        }
+        return llamada;
     }
     return std::nullopt;
 }
@@ -73,6 +78,7 @@ void LectorModemLog::EnUso(std::string_view linea) {
     contador_ = 1;
     inicio_.reset();
     precio_.reset();
+    bonoSesion_.reset();
     recibidos_.reset();
     enviados_.reset();
     tarifa_.clear();
@@ -109,7 +115,10 @@ void LectorModemLog::Cerrado(std::string_view linea) {
     // An unknown tariff leaves the book's last results, and they are taken.
     precio_ = Precio{libro_.Duracion(), libro_.importe(), libro_.Tipo(), libro_.BonoNet()};
     if (conBono) {
-        libro_.TraspasarBono(bono_);
+        // Kept aside: only a call that is appended pays with it.
+        cBono despues(bono_);
+        libro_.TraspasarBono(despues);
+        bonoSesion_ = despues;
     }
 }
 

@@ -33,6 +33,9 @@ public:
     LectorModemLog(cLlamada& libro, cBono& bono, const colConexion& pendientes);
 
     // Reads one line (without its line end); the call to append, if any.
+    // The bundle time a session's pricing drew reaches the ledger only when
+    // its call is first appended: a session that yields no call draws
+    // nothing.
     std::optional<RegistroLlamada> Linea(std::string_view linea);
     std::int16_t Contador() const { return contador_; }
 
@@ -59,6 +62,8 @@ private:
     std::uint8_t mesFactura_ = 0; // month last billed from, 0 for none
     std::optional<Fecha> inicio_; // the CONNECT moment
     std::optional<Precio> precio_;
+    // The ledger as the session's pricing left it, until its call is kept.
+    std::optional<cBono> bonoSesion_;
     std::optional<double> recibidos_; // bytes
     std::optional<double> enviados_;
     std::string tarifa_;

@@ -13,6 +13,7 @@
 #include "core/cTiempo.h"
 #include "tariff/cLlamada.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace fs = std::filesystem;
@@ -246,14 +247,41 @@ bool Log::CrearLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion&
     return AñadirLog(bono, festivos, pendientes);
 }
 
-void Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
+std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
+    if (r.LlamadasSinTarifa == 0) {
+        return {};
+    }
+    std::string nombres;
+    for (const std::string& t : r.TarifasDesconocidas) {
+        nombres += (nombres.empty() ? "\"" : ", \"") + t + "\"";
+    }
+    const bool una = r.LlamadasSinTarifa == 1;
+    return std::to_string(r.LlamadasSinTarifa) + (una ? " llamada tiene" : " llamadas tienen") +
+           " una tarifa que no esta en el libro de tarifas (" + nombres +
+           "): " + (una ? "conserva su importe anterior." : "conservan su importe anterior.");
+}
+
+RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
+    RecalculoLog resultado;
     PrecioRegistro precio(carpeta_, festivos, bono);
     std::vector<RegistroLlamada> nuevos = registros_;
     for (RegistroLlamada& r : nuevos) {
-        precio.Preciar(r);
+        if (!precio.Preciar(r)) {
+            // The book's results are another call's: this one keeps its own.
+            std::string nombre(r.Tarifa.Recortado());
+            if (nombre.empty()) {
+                nombre = precio.TarifaPorDefecto();
+            }
+            auto& desconocidas = resultado.TarifasDesconocidas;
+            if (std::find(desconocidas.begin(), desconocidas.end(), nombre) == desconocidas.end()) {
+                desconocidas.push_back(nombre);
+            }
+            ++resultado.LlamadasSinTarifa;
+        }
     }
     registros_ = std::move(nuevos);
     bono.Copiar(precio.Bono());
+    return resultado;
 }
 
 } // namespace vorimesk

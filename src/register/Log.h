@@ -24,6 +24,18 @@ namespace vorimesk {
 inline constexpr std::string_view kMensajeSinOrigenLog =
     "Aun no se inicializado el origen del Log.\nNo se puede crear";
 
+// What a re-pricing could not do. A call whose tariff the book does not
+// hold (renamed or deleted in the editor, or no book at all) keeps the
+// importe, Tipo and Bono it had, and the user is told.
+struct RecalculoLog {
+    int LlamadasSinTarifa = 0;
+    std::vector<std::string> TarifasDesconocidas; // each once, in register order
+};
+
+// "2 llamadas tienen una tarifa que no esta en el libro de tarifas ..." with
+// the names; empty when every tariff was found.
+std::string AvisoTarifasDesconocidas(const RecalculoLog& recalculo);
+
 class Log {
 public:
     static constexpr std::string_view kNombreArchivo = "RegDat.log";
@@ -76,9 +88,9 @@ public:
     // Puts the register file aside under its "BAK" name. Nothing happens
     // while NombreSaveLog is empty.
     void EliminarLog();
-    // Deliberately leaves the register as it is (the archive reader calls it
-    // before adding an archive's calls, which therefore join the register).
-    void BorrarLog() {}
+    // Empties the register (one spare slot): an archive read into it takes
+    // the place of what it held, with no merging.
+    void BorrarLog() { registros_.clear(); }
     // Removes record i; an index outside 0 to Count() - 1 changes nothing.
     void BorrarItem(int i);
     // Appends a call, each text cut or blank-padded to its width. Throws
@@ -88,9 +100,8 @@ public:
                     std::string_view Reservada, std::int16_t Bono, std::int32_t Recibidos,
                     std::int32_t Enviados);
     void AñadirItem(const RegistroLlamada& registro);
-    // Empties the register (one spare slot), as a fresh read of the modem log
-    // starts.
-    void Vaciar() { registros_.clear(); }
+    // Empties the register, as a fresh read of the modem log starts.
+    void Vaciar() { BorrarLog(); }
 
     // Appends the calls of the modem log at NombreLog, each priced with the
     // tariff book of the data folder (default tariff "Metropolitana"), the
@@ -118,9 +129,11 @@ public:
     // Prices every call again with its own tariff, the holidays and the
     // ledger, which starts full and is refilled at the first call before
     // the billing day of each new month; the ledger ends with the bundle
-    // time the calls used. Only importe, Tipo and Bono change. A failure
-    // (a date no calendar holds, a duration too long) changes nothing.
-    void ModificarLog(cBono& bono, const std::vector<Fecha>& festivos);
+    // time the calls used. Only importe, Tipo and Bono change, and not for a
+    // call whose tariff the book does not hold: it keeps them and draws
+    // nothing from the ledger (see RecalculoLog). A failure (a date no
+    // calendar holds, a duration too long) changes nothing.
+    RecalculoLog ModificarLog(cBono& bono, const std::vector<Fecha>& festivos);
 
     // Start of the last session in the modem log; the date value 1 when the
     // log is missing, empty or holds no session. Throws Error with

@@ -29,7 +29,7 @@ Fecha PrecioRegistro::Fin(const RegistroLlamada& r) {
     return Inicio(r).MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
 }
 
-void PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
+bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
     const Fecha inicio = Inicio(r);
     const Fecha fin = inicio.MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
     // Calls before the billing day belong to the period begun last month:
@@ -39,11 +39,14 @@ void PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
         trabajo_.Reset();
     }
     const std::string nombre(tarifa.empty() ? std::string(r.Tarifa.Recortado()) : tarifa);
-    libro_.Datos(inicio, fin, &trabajo_, nombre);
+    if (!libro_.Datos(inicio, fin, &trabajo_, nombre)) {
+        return false;
+    }
     r.importe.Poner(TextoImporte(libro_.importe()));
     r.Tipo = TipoDeBanda(libro_.Tipo());
     r.Bono = libro_.BonoNet() ? -1 : 0;
     libro_.TraspasarBono(trabajo_);
+    return true;
 }
 
 void PrecioRegistro::LibroFijo() {

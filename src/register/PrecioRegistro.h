@@ -23,9 +23,12 @@ public:
                    const cBono& bono);
 
     // Prices `r` with `tarifa` (its own tariff when empty) and stores the new
-    // importe, Tipo and Bono in it. An unknown tariff leaves the pricing's
-    // previous results, which are stored all the same, as always.
-    void Preciar(RegistroLlamada& r, std::string_view tarifa = {});
+    // importe, Tipo and Bono in it. A tariff the book does not hold leaves
+    // the call as it was and draws nothing from the ledger: false.
+    bool Preciar(RegistroLlamada& r, std::string_view tarifa = {});
+
+    // The tariff a call that names none is priced with.
+    const std::string& TarifaPorDefecto() const { return libro_.NombreTarifa(); }
 
     // The working ledger as the calls priced so far left it.
     const cBono& Bono() const { return trabajo_; }

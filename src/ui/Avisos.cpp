@@ -3,6 +3,7 @@
 #include "Mensajes.h"
 #include "core/Errores.h"
 #include "monitor/EntradasConexion.h"
+#include "register/Log.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -66,6 +67,13 @@ void MostrarError(QWidget* padre, const QString& texto) {
 
 void MostrarError(QWidget* padre, const Error& error) {
     MostrarError(padre, QString::fromStdString(error.what()));
+}
+
+void TarifasDesconocidas(QWidget* padre, const RecalculoLog& recalculo) {
+    const std::string texto = AvisoTarifasDesconocidas(recalculo);
+    if (!texto.empty()) {
+        Caja(padre, QMessageBox::Warning, "Tarifas desconocidas", QString::fromStdString(texto));
+    }
 }
 
 } // namespace vorimesk::avisos

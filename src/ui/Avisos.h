@@ -9,6 +9,7 @@
 namespace vorimesk {
 
 class Error;
+struct RecalculoLog;
 
 namespace avisos {
 
@@ -25,6 +26,8 @@ inline const QString kTextoSinModem = "No tiene ningun modem instalado\r\n"
 bool PreguntarRecalculo(QWidget* padre);
 void ConexionNueva(QWidget* padre);
 void SinModem(QWidget* padre);
+// After a re-pricing, the calls whose tariff is not in the book, if any.
+void TarifasDesconocidas(QWidget* padre, const RecalculoLog& recalculo);
 // A failure that reached an event of the window, in Spanish.
 void MostrarError(QWidget* padre, const Error& error);
 void MostrarError(QWidget* padre, const QString& texto);

@@ -7,6 +7,8 @@
 #include "platform/Plataforma.h"
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace vorimesk {
 
@@ -14,8 +16,9 @@ struct EntornoVentana {
     std::filesystem::path carpetaDatos;
     // The folder of the program, where the tariff editor is.
     std::filesystem::path carpetaPrograma;
-    // What starting at login starts.
+    // What starting at login starts, and with which options.
     std::filesystem::path ejecutable;
+    std::vector<std::string> argumentos;
     // The entries, modems, dialling, connection state and start at login.
     Plataforma plataforma;
     // The session log to read when the system has no modem at all.

@@ -19,6 +19,14 @@ std::vector<EleccionFiltro> LeerFiltroWindows(const QString& filtro) {
     return elecciones;
 }
 
+std::vector<EleccionFiltro> FiltroDialogoProgramas() {
+    std::vector<EleccionFiltro> elecciones{{kFiltroProgramasLinux, {"*.desktop"}, true}};
+    for (EleccionFiltro& e : LeerFiltroWindows(kFiltroProgramas)) {
+        elecciones.push_back(std::move(e));
+    }
+    return elecciones;
+}
+
 QStringList FiltrosDialogo(const std::vector<EleccionFiltro>& elecciones) {
     QStringList filtros;
     for (const EleccionFiltro& e : elecciones) {
@@ -41,7 +49,7 @@ bool PasaFiltro(const std::vector<EleccionFiltro>& elecciones, int eleccion,
             return true;
         }
     }
-    return eleccion == 0 && archivo.isFile() && archivo.isExecutable();
+    return elecciones[eleccion].ejecutables && archivo.isFile() && archivo.isExecutable();
 }
 
 FiltroProgramasProxy::FiltroProgramasProxy(std::vector<EleccionFiltro> elecciones, QObject* padre)

@@ -1,9 +1,11 @@
 #pragma once
-// The file filter of the programs dialog. It is kept in the Windows form
-// "description|patterns|description|patterns..." exactly as the dialog has
-// always offered it; the Qt dialog shows the same descriptions and matches
-// the patterns without regard to case, and the first choice also shows the
-// files a Linux system can run, which have no extension.
+// The file filter of the programs dialog. Its first choice shows what a
+// Linux desktop starts: the files the system can run, which have no
+// extension, and desktop entries (".desktop"). Behind it comes the filter
+// the dialog has always offered, kept in the Windows form
+// "description|patterns|description|patterns..." exactly; the Qt dialog
+// shows the same descriptions and matches the patterns without regard to
+// case.
 
 #include <QFileInfo>
 #include <QSortFilterProxyModel>
@@ -17,12 +19,18 @@ inline const QString kFiltroProgramas =
     "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk)|*.exe;*.com;*.bat;*.lnk|Archivos "
     "Ejecutables (*.Exe) | *.exe|Todos los programas (*.*)|*.*";
 
+inline const QString kFiltroProgramasLinux =
+    "Programas de Linux (ejecutables y accesos directos *.desktop)";
+
 struct EleccionFiltro {
-    QString descripcion;  // as written, blanks included
-    QStringList patrones; // trimmed; "*.*" stands for every file
+    QString descripcion;      // as written, blanks included
+    QStringList patrones;     // trimmed; "*.*" stands for every file
+    bool ejecutables = false; // also every file the system can run
 };
 
 std::vector<EleccionFiltro> LeerFiltroWindows(const QString& filtro);
+// The programs dialog's choices: the Linux one, then kFiltroProgramas.
+std::vector<EleccionFiltro> FiltroDialogoProgramas();
 
 // The name filters for QFileDialog (to use with HideNameFilterDetails): each
 // description followed by a pattern that lets every file through, since

@@ -131,12 +131,15 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
     lMsgEstado->setText(QString::fromStdString(p.MsgEstado));
     lFecha->setText(QString::fromStdString(p.FechaHoy));
     lHora->setText(QString::fromStdString(p.HoraAhora));
+    // The state's text shows also while idle ("Sin conexion.",
+    // "Desconectado."), so the figures left in the meter are not taken for
+    // a call in progress.
     for (QWidget* w : {static_cast<QWidget*>(Label25), static_cast<QWidget*>(Label28),
-                       static_cast<QWidget*>(lConectado), static_cast<QWidget*>(lTarifa2),
-                       static_cast<QWidget*>(lMsgEstado)}) {
+                       static_cast<QWidget*>(lConectado), static_cast<QWidget*>(lTarifa2)}) {
         w->setVisible(p.EtiquetasLlamada);
     }
-    lMsgEstado->setVisible(p.EtiquetasLlamada || !p.Aviso.empty());
+    marcoMedidor_->setTitle(p.EtiquetasLlamada || p.Gasto.empty() ? "Llamada en curso"
+                                                                  : "Ultima llamada");
     lConectado->setText(QString::fromStdString(p.Conectado));
     lTarifa2->setText(QString::fromStdString(p.Tarifa2));
     listaConexiones->setHidden(!p.ListaConexiones);

@@ -2,8 +2,12 @@
 
 #include "AnchosProporcionales.h"
 #include "ModeloRegistro.h"
+#include "Proteger.h"
+#include "core/Archivo.h"
 #include "core/FormatoNumero.h"
+#include "register/ExportarLlamadas.h"
 
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -68,6 +72,15 @@ TabRegistro::TabRegistro(QWidget* padre) : QWidget(padre) {
     cmdComparar->setObjectName("cmdComparar");
     connect(cmdComparar, &QPushButton::clicked, this, &TabRegistro::PedirComparacion);
     periodo->addWidget(cmdComparar);
+    cmdExportar = new QPushButton("E&xportar...", this);
+    cmdExportar->setObjectName("cmdExportar");
+    cmdExportar->setToolTip("Guardar las llamadas listadas en CSV o JSON");
+    connect(cmdExportar, &QPushButton::clicked, this, &TabRegistro::Exportar);
+    periodo->addWidget(cmdExportar);
+    ElegirArchivoExportar = [this] {
+        return QFileDialog::getSaveFileName(this, "Exportar llamadas", "llamadas.csv",
+                                            "Hoja de calculo CSV (*.csv);;JSON (*.json)");
+    };
 
     auto* totales = new QHBoxLayout;
     totales->addWidget(new QLabel("Llamadas:", this));
@@ -87,12 +100,29 @@ TabRegistro::TabRegistro(QWidget* padre) : QWidget(padre) {
 }
 
 void TabRegistro::Mostrar(const Log& registro, const Listado& l, OpcionesCoste opciones) {
+    registro_ = &registro;
+    indices_ = l.indices;
     modelo_->Mostrar(registro, l.indices, opciones);
     lPeriodo2->setText(QString::fromStdString(l.Periodo));
     Label4->setText(QString::number(l.NumeroLlamadas));
     lDuracionReg->setText(l.NumeroLlamadas == 0 ? QString()
                                                 : QString::fromStdString(l.TotalTiempo.Valor()));
     lGastoReg->setText(QString::fromStdString(FormatoMiles(l.TotalCoste) + " "));
+}
+
+bool TabRegistro::Exportar() {
+    if (registro_ == nullptr) {
+        return false;
+    }
+    const QString ruta = ElegirArchivoExportar();
+    if (ruta.isEmpty()) {
+        return false;
+    }
+    return Proteger(this, [&] {
+        const std::filesystem::path destino = ruta.toStdString();
+        EscribirArchivoSeguro(
+            destino, TextoExportado(*registro_, indices_, FormatoDeArchivo(destino)), kSoloUsuario);
+    });
 }
 
 } // namespace vorimesk

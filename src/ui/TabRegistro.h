@@ -1,10 +1,13 @@
 #pragma once
 // The register tab: the grid of listed calls (Grid1) with the period or
-// filter it shows, and the totals under it.
+// filter it shows, and the totals under it. "E&xportar..." saves the calls
+// listed as CSV or JSON, the files "vorimesk-cli exportar" writes.
 
 #include "register/ListadoRegistro.h"
 
 #include <QWidget>
+#include <functional>
+#include <vector>
 
 class QLabel;
 class QPushButton;
@@ -23,6 +26,13 @@ public:
     void Mostrar(const Log& registro, const Listado& listado, OpcionesCoste opciones);
     const ModeloRegistro& Modelo() const { return *modelo_; }
 
+    // Asks where to save and writes the calls listed there, as JSON when the
+    // name ends in ".json" and as CSV otherwise; false when nothing was
+    // written (cancelled, or a failure the user is told about).
+    bool Exportar();
+    // The save dialog: the chosen path, or empty when cancelled.
+    std::function<QString()> ElegirArchivoExportar;
+
     QTableView* Grid1 = nullptr;
     QLabel* lPeriodo2 = nullptr;
     QLabel* Label4 = nullptr;       // beside "Llamadas:"
@@ -30,6 +40,7 @@ public:
     QLabel* lGastoReg = nullptr;    // beside "Gasto:"
     QPushButton* cmdFiltro = nullptr;
     QPushButton* cmdComparar = nullptr;
+    QPushButton* cmdExportar = nullptr;
 
 signals:
     // The user asks for the register filter.
@@ -40,6 +51,8 @@ signals:
 private:
     ModeloRegistro* modelo_ = nullptr;
     AnchosProporcionales* anchos_ = nullptr;
+    const Log* registro_ = nullptr;
+    std::vector<int> indices_;
 };
 
 } // namespace vorimesk

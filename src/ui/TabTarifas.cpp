@@ -4,8 +4,10 @@
 #include "DatosVentana.h"
 #include "Lanzador.h"
 #include "Mensajes.h"
+#include "Proteger.h"
 
 #include <QButtonGroup>
+#include <QFileSystemWatcher>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -14,6 +16,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <variant>
 
@@ -118,6 +121,7 @@ TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaProgram
     cmdEditor->setObjectName("cmdEditor");
     cmdEditor->setToolTip("Abre el editor de tarifas");
 
+    VigilarLibro();
     connect(listTarifas, &QListWidget::currentRowChanged, this, &TabTarifas::MostrarValores);
     connect(dias_, &QButtonGroup::idClicked, this, &TabTarifas::MostrarValores);
     connect(cmdEditor, &QPushButton::clicked, this, &TabTarifas::AbrirEditor);
@@ -154,6 +158,33 @@ TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaProgram
     todo->addLayout(derecha, 2);
 }
 
+// The editor writes the book beside it and renames it into place: the folder
+// is watched, and the book read again once its file is another.
+void TabTarifas::VigilarLibro() {
+    vigilante_ = new QFileSystemWatcher(this);
+    espera_ = new QTimer(this);
+    espera_->setSingleShot(true);
+    espera_->setInterval(150); // one read for the burst of changes a save makes
+    connect(vigilante_, &QFileSystemWatcher::directoryChanged, espera_,
+            qOverload<>(&QTimer::start));
+    connect(espera_, &QTimer::timeout, this, Protegido(this, [this] {
+                if (SelloLibro() != leido_) {
+                    Refrescar();
+                }
+            }));
+}
+
+TabTarifas::Sello TabTarifas::SelloLibro() const {
+    std::error_code ec;
+    const auto ruta = datos_.Libro.Ruta();
+    const auto cuando = std::filesystem::last_write_time(ruta, ec);
+    if (ec) {
+        return std::nullopt;
+    }
+    const auto tamaño = std::filesystem::file_size(ruta, ec);
+    return ec ? Sello() : Sello(std::pair(cuando, tamaño));
+}
+
 int TabTarifas::TipoDia() const {
     return std::max(0, dias_->checkedId());
 }
@@ -162,6 +193,11 @@ void TabTarifas::Refrescar() {
     const std::vector<Fecha> festivos = datos_.Libro.Festivos();
     datos_.Libro = cLlamada(datos_.Carpeta);
     datos_.Libro.Festivos(festivos);
+    const QString carpeta = QString::fromStdString(datos_.Carpeta.string());
+    if (!vigilante_->directories().contains(carpeta)) {
+        vigilante_->addPath(carpeta);
+    }
+    leido_ = SelloLibro();
     datos_.Libro.Load();
     const int antes = std::max(0, listTarifas->currentRow());
     listTarifas->blockSignals(true);

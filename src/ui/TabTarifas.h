@@ -3,12 +3,17 @@
 // listTarifas and the day type chosen with "Semana", "Sabado" or "Festivo",
 // gTarifas shows the price, start and end of the normal and reduced bands
 // and gConexion the connection charge and the time it includes. Tariffs are
-// changed in the separate tariff editor ("&Editor").
+// changed in the separate tariff editor ("&Editor"), another program: the
+// tab reads the book again as soon as the file changes on disk.
 
 #include <QWidget>
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 class QButtonGroup;
+class QFileSystemWatcher;
+class QTimer;
 class QLabel;
 class QListWidget;
 class QPushButton;
@@ -46,12 +51,19 @@ signals:
     void EditorAbierto();
 
 private:
+    // When and how big "Tarifas.Dat" is; nothing when there is none.
+    using Sello = std::optional<std::pair<std::filesystem::file_time_type, std::uintmax_t>>;
+    Sello SelloLibro() const;
+    void VigilarLibro();
     int TipoDia() const;
     void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
 
     DatosVentana& datos_;
     std::filesystem::path carpetaPrograma_;
     QButtonGroup* dias_ = nullptr;
+    QFileSystemWatcher* vigilante_ = nullptr;
+    QTimer* espera_ = nullptr;
+    Sello leido_;
 };
 
 } // namespace vorimesk

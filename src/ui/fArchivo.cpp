@@ -241,8 +241,14 @@ QWidget* fArchivo::PaginaConfirmar() {
 }
 
 void fArchivo::Conectar() {
-    connect(lAccion, &QListWidget::currentRowChanged, this, [this](int fila) {
-        pasos_.ElegirAccion(static_cast<std::int16_t>(fila));
+    // A choice is a selected row: the list marks its first row current when
+    // it takes the focus, and that chooses nothing.
+    connect(lAccion, &QListWidget::itemSelectionChanged, this, [this] {
+        const QList<QListWidgetItem*> elegidas = lAccion->selectedItems();
+        if (elegidas.isEmpty()) {
+            return;
+        }
+        pasos_.ElegirAccion(static_cast<std::int16_t>(lAccion->row(elegidas.front())));
         Refrescar();
     });
     connect(lAccion, &QListWidget::itemDoubleClicked, this, &fArchivo::Siguiente);

@@ -1,5 +1,6 @@
 #include "fBono.h"
 
+#include "AnchoTitulo.h"
 #include "EditorTiempo.h"
 #include "FechasQt.h"
 #include "Iconos.h"
@@ -79,6 +80,7 @@ fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     todo->addLayout(campos);
     todo->addStretch();
     todo->addLayout(botones);
+    AjustarAnchoAlTitulo(*this);
 }
 
 std::string fBono::Contenido(int tipo) {

@@ -60,12 +60,20 @@ QWidget* fGrafico::Controles() {
     Combo1 = new QComboBox(panel);
     Combo1->setObjectName("Combo1");
     Combo1->setMinimumContentsLength(14);
+    Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     UpDown1 = new QSpinBox(panel);
     UpDown1->setObjectName("UpDown1");
     UpDown1->setButtonSymbols(QAbstractSpinBox::UpDownArrows);
     UpDown1->setToolTip("Anterior / siguiente");
     // Only its arrows show: the item it stands on is the one in the list.
     UpDown1->setFixedWidth(UpDown1->fontMetrics().height() + 4);
+    // Hidden in the yearly view, they keep their room: the window does not
+    // widen and narrow as the view changes.
+    for (QWidget* w : {static_cast<QWidget*>(Combo1), static_cast<QWidget*>(UpDown1)}) {
+        QSizePolicy politica = w->sizePolicy();
+        politica.setRetainSizeWhenHidden(true);
+        w->setSizePolicy(politica);
+    }
     auto* eleccion = new QHBoxLayout;
     eleccion->addWidget(Combo1, 1);
     eleccion->addWidget(UpDown1);

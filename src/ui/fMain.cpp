@@ -1,5 +1,6 @@
 #include "fMain.h"
 
+#include "ArranquePrograma.h"
 #include "Avisos.h"
 #include "Iconos.h"
 #include "Mensajes.h"
@@ -29,7 +30,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QProcess>
 #include <QSettings>
 #include <QStatusBar>
 #include <QSystemTrayIcon>
@@ -250,7 +250,7 @@ void fMain::BuscarModem() {
 
 void fMain::AplicarCargaAlIniciar() {
     if (datos_.Ajustes.CargarAlIniciar) {
-        entorno_.plataforma.cargaAlIniciar->Activar(entorno_.ejecutable);
+        entorno_.plataforma.cargaAlIniciar->Activar(entorno_.ejecutable, entorno_.argumentos);
     } else {
         entorno_.plataforma.cargaAlIniciar->Desactivar();
     }
@@ -335,7 +335,10 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             }
             break;
         case SucesoMonitor::Tipo::LanzarPrograma:
-            QProcess::startDetached(QString::fromStdString(s.texto), {});
+            ArrancarPrograma(this, QString::fromStdString(s.texto), [this](const QString& m) {
+                statusBar()->showMessage(m);
+                std::cerr << "Vorimesk: " << m.toStdString() << "\n";
+            });
             break;
         case SucesoMonitor::Tipo::RellenarRegistro:
             CalcularPeriodo();
@@ -444,12 +447,14 @@ void fMain::MostrarBono() {
 
 void fMain::Recalcular() {
     // A failure leaves every call as it was; a success is saved at once.
-    datos_.Registro.ModificarLog(datos_.Bono, FestivosDeAjustes(datos_.Ajustes));
+    const RecalculoLog r =
+        datos_.Registro.ModificarLog(datos_.Bono, FestivosDeAjustes(datos_.Ajustes));
     registroSucio_ = true;
     GuardarRegistro();
     RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
     tabBono->Mostrar();
     MostrarBono();
+    avisos::TarifasDesconocidas(this, r);
 }
 
 void fMain::GuardarRegistro() {

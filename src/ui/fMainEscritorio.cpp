@@ -144,6 +144,13 @@ void fMain::MostrarMini() {
         mini_ = new fMini;
         mini_->Mostrar(monitor_.Pantalla());
         mini_->Colocar();
+        connect(mini_, &fMini::VentanaNormal, this, [this] { IrANormal(); });
+        // Without a tray nothing else brings the normal window back.
+        connect(mini_, &fMini::Cerrada, this, [this] {
+            if (bandeja_ == nullptr) {
+                RestaurarVentanas();
+            }
+        });
     }
     mini_->show();
     mini_->raise();

@@ -6,10 +6,12 @@
 #include "PaletaColores.h"
 #include "monitor/PantallaMonitor.h"
 
+#include <QAction>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -62,7 +64,24 @@ fMini::fMini(QWidget* padre)
 
     // Presses on the labels reach the window too: its body drags it.
     (new ArrastreVentana(this))->Agarrar(this);
-    setToolTip("Arrastre para mover; la ventana normal vuelve desde la bandeja");
+    setToolTip("Arrastre para mover; doble clic o boton derecho para volver a la ventana "
+               "normal");
+
+    auto* normal = new QAction("&Ventana normal", this);
+    connect(normal, &QAction::triggered, this, &fMini::VentanaNormal);
+    auto* cerrar = new QAction("&Cerrar la mini ventana", this);
+    connect(cerrar, &QAction::triggered, cmdCerrar, &QPushButton::click);
+    addAction(normal);
+    addAction(cerrar);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void fMini::mouseDoubleClickEvent(QMouseEvent* evento) {
+    if (evento->button() == Qt::LeftButton) {
+        emit VentanaNormal();
+        return;
+    }
+    QWidget::mouseDoubleClickEvent(evento);
 }
 
 void fMini::Mostrar(const PantallaMonitor& p) {

@@ -2,7 +2,9 @@
 // The mini window: a small meter that stays above every window while the
 // main window is hidden. It shows the live meter's time, cost, band and
 // bundle use and the state lamp; it is moved by dragging its body, and
-// cmdCerrar closes it (the program goes on in the tray).
+// cmdCerrar closes it (the program goes on in the tray). A double-click or
+// its context menu's "&Ventana normal" asks for the normal window back,
+// which a desktop without a tray offers no other way.
 
 #include "EtiquetasMedidor.h"
 
@@ -33,9 +35,11 @@ public:
 
 signals:
     void Cerrada();
+    void VentanaNormal();
 
 protected:
     void paintEvent(QPaintEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
 
 private:
     EtiquetasMedidor medidor_;

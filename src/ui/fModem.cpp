@@ -1,5 +1,6 @@
 #include "fModem.h"
 
+#include "AnchoTitulo.h"
 #include "Iconos.h"
 
 #include <QLabel>
@@ -33,6 +34,7 @@ fModem::fModem(const QStringList& modelos, QWidget* padre) : QDialog(padre) {
     todo->addWidget(List1, 1);
     todo->addLayout(botones);
     resize(420, 260);
+    AjustarAnchoAlTitulo(*this);
 }
 
 int fModem::Elegido() const {

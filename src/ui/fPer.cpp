@@ -1,5 +1,6 @@
 #include "fPer.h"
 
+#include "AnchoTitulo.h"
 #include "FechasQt.h"
 #include "PilaPrograma.h"
 
@@ -52,6 +53,7 @@ fPer::fPer(const Reloj& reloj, QWidget* padre) : QDialog(padre), reloj_(reloj) {
     columna->addLayout(año);
     columna->addWidget(lvPer, 1);
     resize(340, 300);
+    AjustarAnchoAlTitulo(*this);
 
     ResultadoPeriodos() = kPeriodoCancelado;
     TomarParametros();

@@ -1,5 +1,6 @@
 #include "fProgramas.h"
 
+#include "AnchoTitulo.h"
 #include "FiltroProgramas.h"
 #include "Iconos.h"
 
@@ -39,6 +40,7 @@ fProgramas::fProgramas(std::vector<std::string>& programas, QWidget* padre)
     todo->addWidget(listPro, 1);
     todo->addLayout(botones);
     resize(520, 260);
+    AjustarAnchoAlTitulo(*this);
 
     for (const std::string& p : programas_) {
         listPro->addItem(QString::fromStdString(p));
@@ -48,23 +50,28 @@ fProgramas::fProgramas(std::vector<std::string>& programas, QWidget* padre)
     }
 }
 
-QString fProgramas::DialogoAbrir(QWidget* padre) {
-    const auto elecciones = LeerFiltroWindows(kFiltroProgramas);
-    QFileDialog dialogo(padre, "Añadir programa");
-    dialogo.setFileMode(QFileDialog::ExistingFile);
+std::unique_ptr<QFileDialog> fProgramas::CrearDialogoAbrir(QWidget* padre) {
+    const auto elecciones = FiltroDialogoProgramas();
+    auto dialogo = std::make_unique<QFileDialog>(padre, "Añadir programa");
+    dialogo->setFileMode(QFileDialog::ExistingFile);
     // The own dialog: the native ones cannot take the filtering model.
-    dialogo.setOption(QFileDialog::DontUseNativeDialog);
-    dialogo.setOption(QFileDialog::HideNameFilterDetails);
-    auto* proxy = new FiltroProgramasProxy(elecciones, &dialogo);
-    dialogo.setProxyModel(proxy);
-    dialogo.setNameFilters(FiltrosDialogo(elecciones));
-    QObject::connect(&dialogo, &QFileDialog::filterSelected, proxy,
+    dialogo->setOption(QFileDialog::DontUseNativeDialog);
+    dialogo->setOption(QFileDialog::HideNameFilterDetails);
+    auto* proxy = new FiltroProgramasProxy(elecciones, dialogo.get());
+    dialogo->setProxyModel(proxy);
+    dialogo->setNameFilters(FiltrosDialogo(elecciones));
+    QObject::connect(dialogo.get(), &QFileDialog::filterSelected, proxy,
                      &FiltroProgramasProxy::EleccionPorTexto);
-    dialogo.selectFile(QString());
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty()) {
+    dialogo->selectFile(QString());
+    return dialogo;
+}
+
+QString fProgramas::DialogoAbrir(QWidget* padre) {
+    const std::unique_ptr<QFileDialog> dialogo = CrearDialogoAbrir(padre);
+    if (dialogo->exec() != QDialog::Accepted || dialogo->selectedFiles().isEmpty()) {
         return {};
     }
-    return dialogo.selectedFiles().constFirst();
+    return dialogo->selectedFiles().constFirst();
 }
 
 void fProgramas::Añadir() {

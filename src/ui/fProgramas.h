@@ -5,9 +5,11 @@
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+class QFileDialog;
 class QListWidget;
 class QPushButton;
 
@@ -22,6 +24,8 @@ public:
     // The open-file dialog: the chosen path, or empty when cancelled.
     std::function<QString()> ElegirArchivo;
     static QString DialogoAbrir(QWidget* padre);
+    // That dialog, not yet shown, on the first choice of its filter.
+    static std::unique_ptr<QFileDialog> CrearDialogoAbrir(QWidget* padre);
 
     QListWidget* listPro = nullptr;
     QPushButton* cmdAñadir = nullptr;

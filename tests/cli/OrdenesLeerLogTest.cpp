@@ -113,6 +113,41 @@ TEST_F(OrdenesLeerLog, RecalcularConLosFestivosYElBonoDeLasOpciones) {
     EXPECT_EQ(texto.salida, "Llamadas recalculadas: 2.\n");
 }
 
+TEST_F(OrdenesLeerLog, RecalcularSinLaTarifaEnElLibroConservaLasLlamadas) {
+    CamposAMano a{.dia = Fecha::Crear(2026, 3, 2).AOle(),
+                  .hora = 10 / 24.0,
+                  .duracion = "00:10:00",
+                  .importe = "999",
+                  .tipo = 1,
+                  .tarifa = "Borrada",
+                  .bono = -1};
+    CamposAMano b = a;
+    b.tarifa = "Provincial";
+    Escribir(Registro(), RegistroAMano(a) + RegistroAMano(b) + RegistroAMano(a));
+
+    const ResultadoCli r = Ejecutar({"recalcular", "--json"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    const nlohmann::json j = nlohmann::json::parse(r.salida);
+    EXPECT_EQ(j["llamadas"], 3);
+    EXPECT_EQ(j["tarifasDesconocidas"], nlohmann::json::array({"Borrada"}));
+    EXPECT_EQ(j["llamadasSinTarifa"], 2);
+    EXPECT_NE(r.errores.find("2 llamadas"), std::string::npos) << r.errores;
+    EXPECT_NE(r.errores.find("\"Borrada\""), std::string::npos) << r.errores;
+    const nlohmann::json ll = Json({"registro", "--json"})["llamadas"];
+    EXPECT_EQ(ll[0]["importe"], "999");
+    EXPECT_EQ(ll[0]["Tipo"], 1);
+    EXPECT_EQ(ll[0]["Bono"], -1);
+    EXPECT_NE(ll[1]["importe"], "999");
+
+    // Without any tariff book every call keeps its amount.
+    fs::remove(datos / "Tarifas.Dat");
+    const ResultadoCli sinLibro = Ejecutar({"recalcular"});
+    EXPECT_EQ(sinLibro.estado, 0);
+    EXPECT_EQ(sinLibro.salida, "Llamadas recalculadas: 3.\n");
+    EXPECT_NE(sinLibro.errores.find("3 llamadas"), std::string::npos) << sinLibro.errores;
+    EXPECT_EQ(Json({"registro", "--json"})["llamadas"][1]["importe"], ll[1]["importe"]);
+}
+
 TEST_F(OrdenesLeerLog, CalcularTomaFestivosYBonoDeLasOpciones) {
     OpcionesConBono("10:00:00", {Fecha::Crear(2026, 3, 2)});
     const std::vector<std::string> orden = {

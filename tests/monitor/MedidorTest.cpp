@@ -80,14 +80,18 @@ TEST_F(Medidor, ColorYTextoDeLaBanda) {
     EXPECT_EQ(P().ColorTiempo, kColorNegro);
 }
 
-TEST_F(Medidor, UnaTarifaQueElLibroNoTieneDejaLasCifrasAnteriores) {
+TEST_F(Medidor, UnaTarifaQueElLibroNoTieneLoDiceYSigueContandoElTiempo) {
     ajustes.EntradasConexion = {{"Casa", "Cara", "Ninguno"}};
     Empezar();
     Ticks(10, kConectado);
+    ASSERT_EQ(P().Gasto, "100.00");
     ajustes.EntradasConexion[0].Tarifa = "Desaparecida";
     Ticks(5, kConectado);
     EXPECT_FALSE(Monitor().Medida().Tasada);
-    EXPECT_EQ(P().Tiempo + " " + P().Gasto, "00:00:10 100.00");
+    EXPECT_EQ(P().Tiempo + " " + P().Gasto, "00:00:15 tarifa desconocida");
+    EXPECT_EQ(P().Tarifa, "");
+    EXPECT_NE(P().PuntaBandeja.find("tarifa desconocida (\"Desaparecida\")"), std::string::npos)
+        << P().PuntaBandeja;
 }
 
 TEST_F(Medidor, ConBonoNetGastaUnaCopiaDelLibroDeBonos) {

@@ -30,15 +30,19 @@ TEST_F(Autostart, ActivarEscribeElEscritorioYSigueAlProgramaCuandoSeMueve) {
     EXPECT_FALSE(carga.Activada());
     carga.Desactivar(); // nothing to remove: no error
 
-    carga.Activar("/opt/vorimesk/bin/vorimesk");
+    carga.Activar("/opt/vorimesk/bin/vorimesk", {});
     ASSERT_TRUE(carga.Activada());
     const std::string texto = Leer(carga.Archivo());
     EXPECT_EQ(texto.rfind("[Desktop Entry]\n", 0), 0u);
     EXPECT_NE(texto.find("\nType=Application\n"), std::string::npos);
     EXPECT_EQ(Exec(texto), "/opt/vorimesk/bin/vorimesk");
 
-    carga.Activar("/home/ana/Mis programas/vorimesk");
+    carga.Activar("/home/ana/Mis programas/vorimesk", {});
     EXPECT_EQ(Exec(Leer(carga.Archivo())), "\"/home/ana/Mis programas/vorimesk\"");
+
+    // The options of the start go with it, each quoted on its own.
+    carga.Activar("/usr/bin/vorimesk", {"--datos", "/home/ana/Mis datos"});
+    EXPECT_EQ(Exec(Leer(carga.Archivo())), "/usr/bin/vorimesk --datos \"/home/ana/Mis datos\"");
 
     carga.Desactivar();
     EXPECT_FALSE(carga.Activada());
@@ -64,7 +68,16 @@ TEST(CarpetaAutostart, XdgConfigHomeSoloSiEsAbsoluta) {
     EXPECT_EQ(CargaAlIniciarXdg::Carpeta(std::nullopt, std::nullopt), fs::path());
     CargaAlIniciarXdg sinCasa{fs::path()};
     EXPECT_FALSE(sinCasa.Activada());
-    EXPECT_THROW(sinCasa.Activar("/usr/bin/vorimesk"), ErrorArchivo);
+    EXPECT_THROW(sinCasa.Activar("/usr/bin/vorimesk", {}), ErrorArchivo);
+}
+
+TEST(CarpetaAutostart, LaCarpetaDeDatosSeRepiteComoRutaAbsoluta) {
+    EXPECT_TRUE(OpcionesAlIniciar(std::nullopt).empty());
+    EXPECT_EQ(OpcionesAlIniciar(fs::path("/srv/datos/./ana")),
+              (std::vector<std::string>{"--datos", "/srv/datos/ana"}));
+    const auto relativa = OpcionesAlIniciar(fs::path("mis-datos"));
+    ASSERT_EQ(relativa.size(), 2u);
+    EXPECT_EQ(relativa[1], (fs::current_path() / "mis-datos").string());
 }
 
 using Instancia = prueba::CarpetaTemporal;

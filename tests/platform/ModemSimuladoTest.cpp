@@ -182,7 +182,7 @@ TEST_F(Fabrica, ConGuionTodoEsElMismoModemYSinGuionElSistema) {
     EXPECT_EQ(p.conexiones->IntState(), 0);
     EXPECT_TRUE(fs::exists(p.modems->Modems().at(0).rutaLog));
     EXPECT_EQ(p.modems->Modems().at(0).rutaLog, dir / kModemLogSimulado);
-    p.cargaAlIniciar->Activar("/usr/bin/vorimesk");
+    p.cargaAlIniciar->Activar("/usr/bin/vorimesk", {});
     EXPECT_TRUE(p.cargaAlIniciar->Activada());
     ASSERT_TRUE(p.instancia->Adquirir());
     EXPECT_TRUE(fs::exists(dir / "vorimesk.lock")) << "sin XDG_RUNTIME_DIR, en la carpeta de datos";
@@ -200,7 +200,7 @@ TEST_F(Fabrica, ConGuionTodoEsElMismoModemYSinGuionElSistema) {
     Plataforma l = CrearPlataforma(s);
     EXPECT_EQ(l.entradas->Entradas(), (std::vector<std::string>{"movistar"}));
     EXPECT_EQ(l.modems->Modems(), std::vector<Modem>{}) << "sin puertos serie";
-    l.cargaAlIniciar->Activar("/usr/bin/vorimesk");
+    l.cargaAlIniciar->Activar("/usr/bin/vorimesk", {});
     EXPECT_TRUE(fs::exists(dir / "casa" / ".config" / "autostart" / "vorimesk.desktop"));
     EXPECT_FALSE(l.instancia->Adquirir()) << "el mismo cerrojo ya lo tiene la otra plataforma";
 }

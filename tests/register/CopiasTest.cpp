@@ -141,20 +141,29 @@ TEST_F(ArchivoCopias, IndiceNombresPorDefectoYDescripciones) {
     EXPECT_EQ(otra.Indice().Count(), 11);
 }
 
-TEST_F(ArchivoCopias, RecuperarAñadeYUnaCopiaDañadaNoCambiaNada) {
+TEST_F(ArchivoCopias, RecuperarSustituyeEnOrdenDeFechaYUnaCopiaDañadaNoCambiaNada) {
     Log log(dir);
     Llenar(log, Fecha::Crear(2024, 1, 1), 2);
+    // Written out of order (a register once merged by hand): the calls come
+    // back by date and hour, ties in file order.
     Escribir(Carpeta() / "buena.CPR",
-             "#2023-05-01#,#23:00:00#,\"00:10:00\",\"7,5\",-1,\"Nacional\",\"Trabajo\",\"\","
-             "#TRUE#,1,2\n\n   \n"
              "#2023-05-02#,#08:00:00#,\"00:01:00\",\"1\",1,\"Nacional\",\"Trabajo\",\"\","
-             "#FALSE#,0,0");
+             "#FALSE#,0,0\n\n   \n"
+             "#2023-05-01#,#23:00:00#,\"00:10:00\",\"7,5\",-1,\"Nacional\",\"Trabajo\",\"\","
+             "#TRUE#,1,2\n"
+             "#2023-05-01#,#23:00:00#,\"00:10:00\",\"8\",-1,\"Nacional\",\"Trabajo\",\"\","
+             "#TRUE#,1,2\n"
+             "#2023-05-01#,#09:00:00#,\"00:10:00\",\"2\",0,\"Nacional\",\"Trabajo\",\"\","
+             "#FALSE#,1,2");
     Copias copias(Carpeta());
     copias.Recuperar("buena.CPR", log);
-    // BorrarLog keeps what the register held: the archive joins it.
+    // The register is emptied first: nothing of what it held is merged.
     ASSERT_EQ(log.Count(), 4);
-    EXPECT_EQ(std::tuple(log.Dia(2), log.Tipo(2), log.Bono(2), log.importe(2)),
+    EXPECT_EQ(std::tuple(log.Dia(1), log.Tipo(1), log.Bono(1), log.importe(1)),
               std::tuple(Fecha::Crear(2023, 5, 1), 255, -1, "7,5"));
+    EXPECT_EQ(log.importe(0), "2");
+    EXPECT_EQ(log.importe(2), "8");
+    EXPECT_EQ(log.Dia(3), Fecha::Crear(2023, 5, 2));
 
     const char* dañadas[] = {
         "#2023-05-01#,#23:00:00#,\"00:10:00\",\"1\",0,\"N\",\"T\",\"\",#TRUE#,1\r\n",

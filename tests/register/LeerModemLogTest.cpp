@@ -115,6 +115,26 @@ TEST_F(LeerModemLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
     EXPECT_FALSE(Existe(ModemLog()));
 }
 
+TEST_F(LeerModemLog, SoloLasLlamadasQueQuedanGastanBono) {
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA, paid from as no discount is pending
+    const std::string conectado = LineaModemLog(Lunes(10, 0), "CONNECT 115200");
+    // A log that begins after its "in use" counts 30: the session is priced
+    // but no call is appended, and the log goes.
+    Escribir(ModemLog(), conectado + Bajada(Lunes(10, 30)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 0);
+    EXPECT_EQ(bono.tiempo(0), "10:00:00");
+
+    // A session closed with no byte counts yields no call; only the next,
+    // complete one, draws on the bundle.
+    Escribir(ModemLog(), LineaModemLog(Lunes(10, 0), "Modem in use: ppp0 /dev/ttyS0 casa") +
+                             conectado + LineaModemLog(Lunes(10, 30), "Modem closed.") +
+                             Sesion(Lunes(11, 0), Lunes(11, 5)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 1);
+    EXPECT_EQ(bono.tiempo(0), "09:55:00");
+}
+
 TEST_F(LeerModemLog, LineasSinClaveTrasUnaSesionRepitenSuLlamada) {
     // A blank line and a line of other text, then a last line with no end:
     // each appends one more copy, and nothing more comes after.
@@ -326,14 +346,17 @@ TEST_F(LeerModemLog, ModificarLogSoloReescribeImporteTipoYBono) {
     bono.DarAlta(0, Fecha::Crear(2026, 1, 1));
     bono.tiempo(0, "00:00:00");
 
-    log.ModificarLog(bono, festivos);
-    // The ledger starts full; an unknown tariff keeps the last results; no
-    // tariff is Metropolitana, here an hour at night with no night bundle;
-    // every call goes against the ledger.
+    const RecalculoLog r = log.ModificarLog(bono, festivos);
+    // The ledger starts full; a call of a tariff the book does not hold
+    // keeps what it had, and is reported; no tariff is Metropolitana, here
+    // an hour at night with no night bundle; every call goes against the
+    // ledger.
+    EXPECT_EQ(r.LlamadasSinTarifa, 1);
+    EXPECT_EQ(r.TarifasDesconocidas, std::vector<std::string>{"NoExiste"});
     const auto precio = [&](int i) { return std::pair(log.importe(i), int(log.Tipo(i))); };
     EXPECT_EQ(precio(0), std::pair(std::string("11.72"), 0));
     EXPECT_EQ(precio(1), std::pair(std::string("13"), 255));
-    EXPECT_EQ(precio(2), std::pair(std::string("13"), 255));
+    EXPECT_EQ(precio(2), std::pair(std::string("999"), 7));
     EXPECT_EQ(log.Bono(0), -1);
     EXPECT_FLOAT_EQ(LeerImporte(log.importe(3)), 11.72f + 1.04f / 60.0f * 3600.0f);
     EXPECT_EQ(log.Tipo(3), 1);
@@ -345,7 +368,7 @@ TEST_F(LeerModemLog, ModificarLogSoloReescribeImporteTipoYBono) {
         antes[static_cast<std::size_t>(i)].Codificar(a);
         log.Registro(i).Codificar(d);
         // Dia, Hora, Duracion | Tarifa, Conexion, Reservada | Recibidos, Enviados
-        EXPECT_EQ(std::string(a, 24), std::string(d, 24)) << i;
+        EXPECT_EQ(std::string(a, i == 2 ? 33 : 24), std::string(d, i == 2 ? 33 : 24)) << i;
         EXPECT_EQ(std::string(a + 33, 42), std::string(d + 33, 42)) << i;
         EXPECT_EQ(std::string(a + 77, 8), std::string(d + 77, 8)) << i;
     }

@@ -10,6 +10,8 @@
 #include "ui/PanelLogo.h"
 #include "ui/fArchivo.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <algorithm>
 
 using namespace vorimesk;
@@ -70,6 +72,22 @@ protected:
 };
 
 } // namespace
+
+TEST_F(ArchivoTest, SiguienteEsperaAQueSeElijaUnaAccion) {
+    auto w = Abrir();
+    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    // Focus on the list marks its first row current, which is no choice.
+    QFocusEvent foco(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(w->lAccion->viewport(), &foco);
+    QApplication::sendEvent(w->lAccion, &foco);
+    EXPECT_EQ(w->lAccion->currentRow(), 0);
+    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    w->Siguiente();
+    EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 1");
+    w->lAccion->setCurrentRow(2);
+    EXPECT_TRUE(w->cmdSiguiente->isEnabled());
+    EXPECT_EQ(w->Pasos().Accion(), PasosArchivo::kVer);
+}
 
 TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     Llamada(*registro, 1, 5);
@@ -132,7 +150,31 @@ TEST_F(ArchivoTest, RecuperarGuardandoAntesYCancelarDespues) {
     EXPECT_EQ(Indice(), "\"Copia000.CPR\"\r\n\"Enero\"\r\n\"Copia001.CPR\"\r\n\"Marzo\"\r\n");
 }
 
-TEST_F(ArchivoTest, RecuperarSustituyendoAnadeLaCopiaAlRegistro) {
+TEST_F(ArchivoTest, RecuperarGuardandoAntesSustituyeElRegistroPorLaCopia) {
+    Llamada(*registro, 3, 1);
+    Llamada(*registro, 3, 2);
+    CopiaPrevia("Copia000.CPR", 2); // 10 and 11 January
+    auto w = Abrir();
+    w->lAccion->setCurrentRow(1);
+    w->Siguiente();
+    EXPECT_TRUE(w->Option4->isChecked());
+    w->Siguiente();
+    w->txtDescripcion->setText("Marzo");
+    w->Siguiente();
+    ElegirArchivo(*w, "Copia000.CPR");
+    w->cmdFinalizar->click();
+    EXPECT_EQ(w->result(), QDialog::Accepted);
+
+    // Only the restored calls, in date order; the ones there before are in
+    // the archive made on the way.
+    ASSERT_EQ(registro->Count(), 2);
+    EXPECT_EQ(registro->Dia(0), Fecha::Crear(2026, 1, 10));
+    EXPECT_EQ(registro->Dia(1), Fecha::Crear(2026, 1, 11));
+    EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia001.CPR")), 2);
+    EXPECT_EQ(anfitrion->cambios, 1);
+}
+
+TEST_F(ArchivoTest, RecuperarSustituyendoDejaSoloLaCopia) {
     Llamada(*registro, 3, 1);
     CopiaPrevia("Copia000.CPR", 2);
     auto w = Abrir();
@@ -143,8 +185,8 @@ TEST_F(ArchivoTest, RecuperarSustituyendoAnadeLaCopiaAlRegistro) {
     ElegirArchivo(*w, "Copia000.CPR");
     emit w->File1->itemDoubleClicked(w->File1->currentItem()); // como "&Finalizar"
     EXPECT_EQ(w->result(), QDialog::Accepted);
-    // El registro no se vacia antes de leer: la copia se suma a lo que habia.
-    EXPECT_EQ(registro->Count(), 3);
+    EXPECT_EQ(registro->Count(), 2);
+    EXPECT_EQ(registro->Dia(0), Fecha::Crear(2026, 1, 10));
     EXPECT_EQ(anfitrion->cambios, 1);
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia001.CPR"));
 }

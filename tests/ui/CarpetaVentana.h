@@ -57,6 +57,7 @@ protected:
         e.carpetaDatos = dir;
         e.carpetaPrograma = dir / "programa";
         e.ejecutable = dir / "programa" / "vorimesk";
+        e.argumentos = {"--datos", dir.string()};
         e.plataforma = plataforma.Crear();
         e.logSinModem = dir / "sinmodem.txt";
         e.reloj = &reloj;

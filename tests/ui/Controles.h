@@ -19,3 +19,15 @@
 #include <QTimeEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
+
+namespace vorimesk::prueba {
+
+// What a window needs across for its whole title to show: the text in the
+// bold face title bars use, plus the icon and the three buttons beside it.
+inline int AnchoTitulo(const QWidget& ventana) {
+    QFont negrita = QApplication::font();
+    negrita.setBold(true);
+    return QFontMetrics(negrita).horizontalAdvance(ventana.windowTitle()) + 4 * 24;
+}
+
+} // namespace vorimesk::prueba

@@ -11,6 +11,7 @@
 #include "ui/fModem.h"
 #include "ui/fProgramas.h"
 
+#include <QFileDialog>
 #include <filesystem>
 
 using namespace vorimesk;
@@ -56,6 +57,14 @@ TEST(DialogoBono, UnBonoExistenteConservaSuTipoYSuMarcaDeBaja) {
     EXPECT_EQ(e.fecBaja->date(), QDate(2026, 2, 1));
     e.chkBaja->click(); // taken back into use
     EXPECT_EQ(e.Resultado().Baja, FechaVariante::Vacia());
+}
+
+TEST(DialogoBono, ElTituloCabeEnLaVentana) {
+    for (bool nuevo : {true, false}) {
+        fBono d({}, nuevo, F(2026, 3, 20));
+        d.show();
+        EXPECT_GE(d.width(), AnchoTitulo(d)) << d.windowTitle().toStdString();
+    }
 }
 
 TEST(DialogoBono, ValoresQueNoSeAceptan) {
@@ -118,25 +127,36 @@ TEST(DialogoProgramas, EditaLaListaYLaDevuelveAlCerrar) {
 
 class FiltroDeProgramas : public CarpetaTemporal {};
 
-TEST_F(FiltroDeProgramas, ElFiltroDeWindowsEnElDialogoDeQt) {
-    const auto e = LeerFiltroWindows(kFiltroProgramas);
-    ASSERT_EQ(e.size(), 3u);
-    EXPECT_EQ(e[0].patrones, (QStringList{"*.exe", "*.com", "*.bat", "*.lnk"}));
-    EXPECT_EQ(FiltrosDialogo(e)[0], "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk) (*)");
+TEST_F(FiltroDeProgramas, ProgramasDeLinuxPrimeroYLuegoElFiltroDeWindows) {
+    const auto e = FiltroDialogoProgramas();
+    ASSERT_EQ(e.size(), 4u);
+    EXPECT_EQ(e[0].descripcion, kFiltroProgramasLinux);
+    EXPECT_EQ(e[1].patrones, (QStringList{"*.exe", "*.com", "*.bat", "*.lnk"}));
+    EXPECT_EQ(FiltrosDialogo(e)[1], "Archivos de programa (*.Exe; *.Com; *.Bat; *.Lnk) (*)");
+    EXPECT_EQ(LeerFiltroWindows(kFiltroProgramas).size(), 3u);
 
     Escribir(dir / "SETUP.EXE", "");
     Escribir(dir / "lanzar", "#!/bin/sh\n");
     std::filesystem::permissions(dir / "lanzar", std::filesystem::perms::owner_all);
     Escribir(dir / "notas.txt", "");
+    Escribir(dir / "firefox.desktop", "[Desktop Entry]\n");
     auto pasa = [&](int eleccion, const char* nombre) {
         return PasaFiltro(e, eleccion, QFileInfo(QString::fromStdString((dir / nombre).string())));
     };
-    EXPECT_TRUE(pasa(1, "SETUP.EXE")); // without regard to case
-    EXPECT_TRUE(pasa(0, "lanzar"));    // a program Linux can run
-    EXPECT_FALSE(pasa(1, "lanzar"));
+    EXPECT_TRUE(pasa(0, "lanzar")); // a program Linux can run
+    EXPECT_TRUE(pasa(0, "firefox.desktop"));
     EXPECT_FALSE(pasa(0, "notas.txt"));
-    EXPECT_TRUE(pasa(2, "notas.txt"));
-    EXPECT_TRUE(pasa(2, "lanzar")); // "*.*" is every file, dot or not
+    EXPECT_FALSE(pasa(0, "SETUP.EXE"));
+    EXPECT_TRUE(pasa(2, "SETUP.EXE")); // without regard to case
+    EXPECT_FALSE(pasa(1, "lanzar"));
+    EXPECT_TRUE(pasa(3, "notas.txt"));
+    EXPECT_TRUE(pasa(3, "lanzar")); // "*.*" is every file, dot or not
+
+    // The dialog opens on the Linux choice.
+    const auto dialogo = fProgramas::CrearDialogoAbrir(nullptr);
+    ASSERT_FALSE(dialogo->nameFilters().isEmpty());
+    EXPECT_TRUE(dialogo->nameFilters().front().startsWith(kFiltroProgramasLinux));
+    EXPECT_TRUE(dialogo->selectedNameFilter().startsWith(kFiltroProgramasLinux));
 }
 
 TEST_F(FiltroDeProgramas, UnSonidoQueFaltaONoSeEntiendeNoDiceNada) {

@@ -7,6 +7,7 @@
 #include "ui/PuertaInstancia.h"
 #include "ui/fAbout.h"
 
+#include <QGroupBox>
 #include <QMouseEvent>
 #include <QScreen>
 
@@ -17,6 +18,11 @@ namespace {
 
 QString Leyenda(const fMain& v, int item) {
     return v.mnuOne->mnu(item)->text();
+}
+
+// The frame of the live meter's figures.
+QGroupBox* MarcoMedidor(const fMain& v) {
+    return qobject_cast<QGroupBox*>(v.panel->lTiempo->parentWidget());
 }
 
 bool EncimaDeTodo(const QWidget& w) {
@@ -79,16 +85,80 @@ TEST_F(Escritorio, IdaYVueltaDeLaMiniVentana) {
     EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
 
     // From the toolbar, then closed with its own button: the tray item is
-    // left as it was, and still brings the normal window back.
+    // left as it was. Offscreen there is no tray to come back from, so the
+    // normal window comes back at once.
     v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     v->Mini()->cmdCerrar->click();
     QApplication::processEvents();
-    EXPECT_FALSE(v->isVisible());
+    EXPECT_TRUE(v->isVisible());
     EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
     v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
     EXPECT_TRUE(v->isVisible());
     EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+}
+
+TEST_F(Escritorio, LaMiniVentanaLlevaALaNormalConDobleClicYSuMenu) {
+    auto v = AbrirVisible();
+    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    ASSERT_NE(v->Mini(), nullptr);
+    ASSERT_FALSE(v->isVisible());
+    QTest::mouseDClick(v->Mini()->lTiempo, Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(v->Mini(), nullptr);
+    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+
+    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    ASSERT_NE(v->Mini(), nullptr);
+    EXPECT_EQ(v->Mini()->contextMenuPolicy(), Qt::ActionsContextMenu);
+    QAction* normal = nullptr;
+    for (QAction* a : v->Mini()->actions()) {
+        if (a->text() == "&Ventana normal") {
+            normal = a;
+        }
+    }
+    ASSERT_NE(normal, nullptr);
+    normal->trigger();
+    QApplication::processEvents();
+    EXPECT_TRUE(v->isVisible());
+    EXPECT_EQ(v->Mini(), nullptr);
+}
+
+TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
+    Settings s = ValoresPorDefecto();
+    s.EntradasConexion = {{"Casa", "Metropolitana", "Ninguno"}};
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa"};
+    auto v = AbrirVisible();
+    Tick(*v, SistemaPrueba::kNada);
+    EXPECT_TRUE(v->panel->lMsgEstado->isVisible());
+    EXPECT_EQ(v->panel->lMsgEstado->text(), "Sin conexion.");
+    for (int i = 0; i < 10; ++i) {
+        Tick(*v, SistemaPrueba::kConectado);
+    }
+    EXPECT_EQ(v->panel->lMsgEstado->text(), "Conectado.");
+    EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
+    Tick(*v, SistemaPrueba::kDesconectado);
+    Tick(*v, SistemaPrueba::kNada);
+    // The figures left are the last call's, and the panel says so.
+    EXPECT_TRUE(v->panel->lMsgEstado->isVisible());
+    EXPECT_FALSE(v->panel->lMsgEstado->text().isEmpty());
+    EXPECT_NE(v->panel->lTiempo->text(), "00:00:00");
+    EXPECT_EQ(MarcoMedidor(*v)->title(), "Ultima llamada");
+}
+
+TEST_F(Escritorio, UnaLlamadaConTarifaDesconocidaLoDice) {
+    Settings s = ValoresPorDefecto();
+    s.EntradasConexion = {{"Casa", "Borrada", "Ninguno"}};
+    EscribirAjustes(s);
+    plataforma.sistema->entradas = {"Casa"};
+    auto v = AbrirVisible();
+    for (int i = 0; i < 6; ++i) {
+        Tick(*v, SistemaPrueba::kConectado);
+    }
+    EXPECT_EQ(v->panel->lTiempo->text(), "00:00:05");
+    EXPECT_EQ(v->panel->lGasto->text(), "tarifa desconocida");
 }
 
 TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {

@@ -152,6 +152,13 @@ TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
 
 // The periods themselves are cPeriodo's test; here, the year list and what
 // the picker leaves on the stack.
+TEST_F(FiltroTest, ElSelectorEsTanAnchoComoSuTitulo) {
+    DejarValores();
+    fPer p(reloj);
+    p.show();
+    EXPECT_GE(p.width(), prueba::AnchoTitulo(p)) << p.windowTitle().toStdString();
+}
+
 TEST_F(FiltroTest, SelectorListaLosPeriodosDelAñoYDevuelveInicioYFin) {
     DejarValores();
     fPer p(reloj);

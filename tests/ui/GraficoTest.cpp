@@ -81,6 +81,18 @@ TEST_F(GraficoTest, ListasYPuntosSegunLaVista) {
     EXPECT_EQ(g.UpDown1->value(), 0);
 }
 
+TEST_F(GraficoTest, LaVentanaNoCambiaDeTamañoAlCambiarDeVista) {
+    fGrafico g(*registro, reloj);
+    g.show();
+    QApplication::processEvents();
+    const QSize tamaño = g.size();
+    for (int vista : {1, 2, 0, 2}) {
+        g.Option1[vista]->click();
+        QApplication::processEvents();
+        EXPECT_EQ(g.size(), tamaño) << vista;
+    }
+}
+
 TEST_F(GraficoTest, CadaTipoDeGraficoConSusValores) {
     fGrafico g(*registro, reloj);
     g.resize(900, 500);

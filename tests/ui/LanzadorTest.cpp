@@ -3,6 +3,7 @@
 #include "CarpetaTemporal.h"
 #include "Controles.h"
 #include "core/Archivo.h"
+#include "ui/ArranquePrograma.h"
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -47,4 +48,28 @@ TEST_F(LanzarEditor, ArrancaElEditorDeAlLadoConLaCarpetaDeDatos) {
         QTest::qWait(50);
     }
     EXPECT_EQ(LeerArchivo(apunte), "--datos\n/mis datos\n");
+}
+
+TEST_F(LanzarEditor, LosProgramasAlConectarArrancanODicenPorQueNo) {
+    QStringList fallos;
+    const auto anotar = [&](const QString& m) { fallos << m; };
+    const fs::path apunte = dir / "apunte";
+    EditorFalso(dir / "programa", apunte);
+    ArrancarPrograma(nullptr, Q(dir / "programa"), anotar);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(apunte); }, 5000));
+
+    ArrancarPrograma(nullptr, Q(dir / "no-existe"), anotar);
+    ASSERT_EQ(fallos.size(), 1);
+    EXPECT_TRUE(fallos[0].startsWith("No se pudo arrancar el programa \"" + Q(dir / "no-existe")))
+        << fallos[0].toStdString();
+
+    // A desktop entry with nothing to start says so, here or through the
+    // desktop's launcher.
+    EscribirArchivoSeguro(dir / "roto.desktop", "[Desktop Entry]\nName=Roto\n");
+    QObject dueño;
+    ArrancarPrograma(&dueño, Q(dir / "roto.desktop"), anotar);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fallos.size() == 2; }, 5000));
+    EXPECT_TRUE(
+        fallos.back().startsWith("No se pudo arrancar el programa \"" + Q(dir / "roto.desktop")))
+        << fallos.back().toStdString();
 }

@@ -8,6 +8,7 @@
 #include "ui/EditorTiempo.h"
 
 #include <QCalendarWidget>
+#include <tuple>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -163,6 +164,67 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     respuestas.Responder(QMessageBox::Ok);
     EXPECT_FALSE(t.AbrirEditor());
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
+}
+
+TEST_F(Pestanas, LaPestanaDeTarifasSeRefrescaCuandoElEditorGuarda) {
+    auto v = Abrir();
+    v->SSTab1->setCurrentIndex(fMain::kTarifas);
+    TabTarifas& t = *v->tabTarifas;
+    ASSERT_GT(t.listTarifas->count(), 0);
+    t.listTarifas->setCurrentRow(0);
+    const QString antes = t.gConexion->item(0, 0)->text();
+    // The editor, another program, saves a new connection charge while the
+    // tab stays in front.
+    cLlamada libro(dir);
+    libro.Load();
+    libro.Valor(0, "Conexion.Importe", "77.5");
+    libro.Save();
+    ASSERT_NE(antes, "77.5");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return t.gConexion->item(0, 0)->text() == "77.5"; }, 3000));
+    EXPECT_EQ(t.listTarifas->currentRow(), 0);
+}
+
+TEST_F(Pestanas, RecalcularConTarifasQueNoEstanEnElLibro) {
+    const Fecha dia = F(2026, 3, 18);
+    CamposAMano c;
+    c.dia = dia.AOle();
+    c.hora = 10 / 24.0;
+    c.duracion = "00:01:00";
+    c.importe = "999";
+    c.tipo = 1;
+    c.bono = -1;
+    c.tarifa = "Borrada";
+    std::string bytes = RegistroAMano(c);
+    c.tarifa = "Renombrada";
+    bytes += RegistroAMano(c);
+    bytes += RegistroAMano(c);
+    c.tarifa = "Metropolitana";
+    bytes += RegistroAMano(c);
+    EscribirRegistro(bytes);
+
+    auto v = Abrir();
+    RespuestasDialogo respuestas;
+    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
+    respuestas.Responder(QMessageBox::Yes);
+    respuestas.Responder(QMessageBox::Ok);
+    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+
+    // The calls of unknown tariffs keep what they had; the user is told once
+    // how many and which.
+    Log guardado(dir);
+    guardado.CargarLog();
+    ASSERT_EQ(guardado.Count(), 4);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(std::tuple(guardado.importe(i), guardado.Tipo(i), guardado.Bono(i)),
+                  std::tuple("999", 1, -1))
+            << i;
+    }
+    EXPECT_NE(guardado.importe(3), "999");
+    ASSERT_EQ(respuestas.Vistas().size(), 2u);
+    const QString aviso = respuestas.Vistas()[1].texto + respuestas.Vistas()[1].detalle;
+    EXPECT_TRUE(aviso.contains("3 llamadas")) << aviso.toStdString();
+    EXPECT_TRUE(aviso.contains("Borrada") && aviso.contains("Renombrada")) << aviso.toStdString();
 }
 
 TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {

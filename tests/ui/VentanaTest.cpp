@@ -3,6 +3,7 @@
 
 #include "CarpetaVentana.h"
 #include "platform/LineasModemLog.h"
+#include "register/ExportarLlamadas.h"
 #include "ui/Avisos.h"
 #include "ui/SenalesTerminar.h"
 
@@ -62,6 +63,9 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     // Modem, start at login; nothing is written at load.
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
     EXPECT_TRUE(plataforma.carga->Activada());
+    // With the options it was started with, so the login start opens this
+    // same data folder.
+    EXPECT_EQ(plataforma.carga->Argumentos(), (std::vector<std::string>{"--datos", dir.string()}));
     EXPECT_EQ(Leer(dir / "Varibles.Dat"), EscribirTextoVariables(AjustesCon()));
     EXPECT_FALSE(Existe(dir / "RegDat.bak"));
 }
@@ -244,4 +248,27 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     EXPECT_EQ(guardado.Tarifa(0), "Metropolitana");
     EXPECT_EQ(v->tabRegistro->Modelo().index(0, 7).data().toString(), "Casa");
     EXPECT_FALSE(Existe(log));
+}
+
+TEST_F(Ventana, ExportarGuardaLoQueListaLaRejilla) {
+    EscribirRegistro(Llamada(F(2026, 3, 2), 10, "00:10:00", "36.72") +
+                     Llamada(F(2026, 3, 5), 12, "00:01:00", "13.5") +
+                     Llamada(F(2026, 3, 9), 18, "01:00:00", "100"));
+    auto v = Abrir();
+    // The filter's result: the calls of 3 to 9 March.
+    v->RellenaGrid(CriteriosFiltro::Periodo(F(2026, 3, 3), F(2026, 3, 9)));
+    const Log& r = v->Datos().Registro;
+    for (const char* nombre : {"llamadas.csv", "llamadas.JSON"}) {
+        const auto ruta = dir / nombre;
+        v->tabRegistro->ElegirArchivoExportar = [&] {
+            return QString::fromStdString(ruta.string());
+        };
+        ASSERT_TRUE(v->tabRegistro->Exportar()) << nombre;
+        // The same writer as "vorimesk-cli exportar".
+        EXPECT_EQ(Leer(ruta), TextoExportado(r, {1, 2}, FormatoDeArchivo(ruta))) << nombre;
+    }
+    EXPECT_NE(Leer(dir / "llamadas.csv").find("2026-03-05;12:00:00"), std::string::npos);
+    EXPECT_EQ(nlohmann::json::parse(Leer(dir / "llamadas.JSON"))["llamadas"].size(), 2u);
+    v->tabRegistro->ElegirArchivoExportar = [] { return QString(); };
+    EXPECT_FALSE(v->tabRegistro->Exportar()); // cancelled
 }

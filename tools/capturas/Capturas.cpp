@@ -186,6 +186,17 @@ std::vector<Captura> Capturas() {
         {"grafico-diario-area", [](Datos& d) { return Grafico(d, 2, 3, 1, 2); }},
         {"grafico-diario-barras3d", [](Datos& d) { return Grafico(d, 2, 1, 0, 0); }},
         {"grafico-mensual-tiempo-barras2d", [](Datos& d) { return Grafico(d, 1, 0, 2); }},
+        // Shown, then back to the yearly view: the window keeps its size.
+        {"grafico-anual-tras-diario",
+         [](Datos& d) {
+             auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
+             g->Option1[2]->click();
+             g->adjustSize();
+             g->show();
+             QApplication::processEvents();
+             g->Option1[0]->click();
+             return g;
+         }},
         {"imprimir", [](Datos& d) { return std::make_unique<fImprimir>(*d.anfitrion, d.libro); }},
     };
 }
@@ -206,7 +217,7 @@ int main(int argc, char** argv) {
         ventana->show();
         QApplication::processEvents();
         const QString ruta = carpeta + "/" + c.nombre + ".png";
-        if (!ventana->grab().save(ruta)) {
+        if (!ConTitulo(ventana.get()).save(ruta)) {
             std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
             return 1;
         }

@@ -24,7 +24,11 @@
 #include "ui/fProgramas.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QFontMetrics>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPixmap>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -117,7 +121,9 @@ void EstadoDelServicio(const std::filesystem::path& dir) {
 bool Guardar(QWidget* w, const QString& ruta) {
     w->show();
     QApplication::processEvents();
-    if (!w->grab().save(ruta)) {
+    const bool dialogo =
+        w->isWindow() && qobject_cast<QMenu*>(w) == nullptr && w->objectName() != "fMini";
+    if (!(dialogo ? ConTitulo(w) : w->grab()).save(ruta)) {
         std::fprintf(stderr, "No se pudo guardar %s\n", qPrintable(ruta));
         return false;
     }
@@ -126,6 +132,31 @@ bool Guardar(QWidget* w, const QString& ruta) {
 }
 
 } // namespace
+
+// The window as a desktop shows it: a plain title bar above it (icon, the
+// title in bold, three buttons), so a title that does not fit shows cut.
+QPixmap ConTitulo(QWidget* w) {
+    const QPixmap cuerpo = w->grab();
+    QFont negrita = QApplication::font();
+    negrita.setBold(true);
+    const int alto = QFontMetrics(negrita).height() + 10;
+    QPixmap marco(cuerpo.width(), cuerpo.height() + alto);
+    marco.fill(QColor(60, 60, 70));
+    QPainter p(&marco);
+    p.fillRect(6, 5, alto - 10, alto - 10, QColor(200, 200, 210)); // icon
+    for (int i = 1; i <= 3; ++i) {
+        p.fillRect(cuerpo.width() - i * (alto - 4), 5, alto - 10, alto - 10, QColor(150, 150, 160));
+    }
+    p.setFont(negrita);
+    p.setPen(Qt::white);
+    const int izquierda = alto + 2, derecha = cuerpo.width() - 3 * (alto - 4) - 4;
+    p.setClipRect(izquierda, 0, derecha - izquierda, alto);
+    p.drawText(QRect(izquierda, 0, derecha - izquierda, alto), Qt::AlignVCenter | Qt::AlignLeft,
+               w->windowTitle());
+    p.setClipping(false);
+    p.drawPixmap(0, alto, cuerpo);
+    return marco;
+}
 
 bool CapturarVentana(const QString& carpeta) {
     QTemporaryDir temporal;
@@ -180,11 +211,18 @@ bool CapturarVentana(const QString& carpeta) {
              [&] {
                  EstadoDelServicio(dir);
                  return propio(std::make_unique<fOtroContador>(dir, otroContador, kReloj));
-              }},
+             }},
             {"comparar-tarifas",
              [&] {
                  return propio(std::make_unique<fComparar>(
                      fComparar::FuenteDe(ventana.Datos(), ventana.UltimoListado())));
+             }},
+            {"programas-anadir",
+             [&] {
+                 auto d = fProgramas::CrearDialogoAbrir(nullptr);
+                 d->setDirectory("/usr/share/applications");
+                 d->resize(760, 460);
+                 return propio(std::move(d));
              }},
             {"aviso-recalculo",
              [&] {
@@ -220,6 +258,33 @@ bool CapturarVentana(const QString& carpeta) {
     capturas.push_back({"mini-ventana", [&] {
                             ventana.MostrarMini();
                             return static_cast<QWidget*>(ventana.Mini());
+                        }});
+    // Its context menu, the way back to the normal window without a tray.
+    capturas.push_back({"mini-ventana-menu", [&] {
+                            auto* menu = new QMenu(ventana.Mini());
+                            menu->addActions(ventana.Mini()->actions());
+                            menu->popup(QPoint(40, 40));
+                            return static_cast<QWidget*>(menu);
+                        }});
+    // The call over: the panel says the state and names the last call.
+    capturas.push_back({"principal-tras-llamada", [&] {
+                            plataforma.sistema->estado = SistemaPrueba::kDesconectado;
+                            ventana.TickEstado();
+                            plataforma.sistema->estado = SistemaPrueba::kNada;
+                            kReloj.Avanzar(1);
+                            ventana.TickEstado();
+                            return static_cast<QWidget*>(&ventana);
+                        }});
+    // An entry whose tariff the book does not hold.
+    capturas.push_back({"principal-tarifa-desconocida", [&] {
+                            ventana.Datos().Ajustes.EntradasConexion[1].Tarifa = "Borrada";
+                            plataforma.sistema->estado = SistemaPrueba::kConectado;
+                            plataforma.sistema->entrada = "Trabajo";
+                            for (int i = 0; i < 3; ++i) {
+                                kReloj.Avanzar(20);
+                                ventana.TickEstado();
+                            }
+                            return static_cast<QWidget*>(&ventana);
                         }});
     capturas.push_back({"menu-bandeja", [&] {
                             ventana.mnuOne->popup(QPoint(40, 40));

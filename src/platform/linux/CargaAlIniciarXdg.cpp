@@ -56,21 +56,27 @@ fs::path CargaAlIniciarXdg::Carpeta(const std::optional<std::string>& xdgConfigH
     return {};
 }
 
-std::string CargaAlIniciarXdg::Contenido(const fs::path& ejecutable) {
+std::string CargaAlIniciarXdg::Contenido(const fs::path& ejecutable,
+                                         const std::vector<std::string>& argumentos) {
+    std::string exec = CitarExec(ejecutable.string());
+    for (const std::string& a : argumentos) {
+        exec += " " + CitarExec(a);
+    }
     return "[Desktop Entry]\n"
            "Type=Application\n"
            "Name=Vorimesk\n"
            "GenericName=Contador de llamadas\n"
            "Comment=Cuenta el tiempo y el coste de las conexiones a Internet por módem\n"
            "Exec=" +
-           CitarExec(ejecutable.string()) +
+           exec +
            "\n"
            "Icon=vorimesk\n"
            "Terminal=false\n"
            "X-GNOME-Autostart-enabled=true\n";
 }
 
-void CargaAlIniciarXdg::Activar(const fs::path& ejecutable) {
+void CargaAlIniciarXdg::Activar(const fs::path& ejecutable,
+                                const std::vector<std::string>& argumentos) {
     if (carpeta_.empty()) {
         throw ErrorArchivo("~/.config/autostart",
                            "no se sabe cual es la carpeta personal (HOME no esta definida)");
@@ -80,7 +86,7 @@ void CargaAlIniciarXdg::Activar(const fs::path& ejecutable) {
     if (ec) {
         throw ErrorArchivo(carpeta_.string(), "no se pudo crear la carpeta: " + ec.message());
     }
-    EscribirArchivoSeguro(Archivo(), Contenido(ejecutable));
+    EscribirArchivoSeguro(Archivo(), Contenido(ejecutable, argumentos));
 }
 
 void CargaAlIniciarXdg::Desactivar() {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vorimesk {
 
@@ -17,11 +18,14 @@ public:
     // ~/.config/autostart. Empty when neither is known.
     static std::filesystem::path Carpeta(const std::optional<std::string>& xdgConfigHome,
                                          const std::optional<std::string>& home);
-    // The desktop entry text for an executable, its path quoted for Exec.
-    static std::string Contenido(const std::filesystem::path& ejecutable);
+    // The desktop entry text for an executable and its arguments, each
+    // quoted for Exec.
+    static std::string Contenido(const std::filesystem::path& ejecutable,
+                                 const std::vector<std::string>& argumentos = {});
 
     // Throws ErrorArchivo when the file cannot be written or removed.
-    void Activar(const std::filesystem::path& ejecutable) override;
+    void Activar(const std::filesystem::path& ejecutable,
+                 const std::vector<std::string>& argumentos) override;
     void Desactivar() override;
     bool Activada() const override;
 
