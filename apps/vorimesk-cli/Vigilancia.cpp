@@ -42,19 +42,27 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
 void Vigilancia::Iniciar() {
     log_.NombreLog(rutaModemLog_);
     log_.CargarLog();
-    // Calls made while the meter was closed.
-    registro_.UsarSesiones(ajustes_, plataforma_.sesiones);
-    const TomaSesiones::Resultado toma = registro_.TomarSesiones(bono_, pendientes_);
-    for (int i = log_.Count() - toma.Añadidas; i < log_.Count(); ++i) {
-        Escribir(LineaAnotada(log_, i), true);
-    }
-    if (!toma.Error.empty()) {
-        Avisar(toma.Error);
-    }
     linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
                                                  *linea_, carpeta_);
     observador_.Comienzo({reloj_->Ahora(), carpeta_, rutaModemLog_, simulada_});
+    TomarSesionesDelSistema();
+}
+
+// Calls made while the meter was closed, told as the monitor tells its own.
+void Vigilancia::TomarSesionesDelSistema() {
+    registro_.UsarSesiones(ajustes_, plataforma_.sesiones);
+    const TomaSesiones::Resultado toma = registro_.TomarSesiones(bono_, pendientes_);
+    const LecturaConexion sinLectura{};
+    const MomentoVigilancia momento{reloj_->Ahora(), sinLectura, *monitor_, log_};
+    if (toma.Añadidas > 0) {
+        SucesoMonitor s{SucesoMonitor::Tipo::LlamadasAnotadas, {}};
+        s.llamadas = toma.Añadidas;
+        observador_.Suceso(s, momento);
+    }
+    if (!toma.Error.empty()) {
+        observador_.Suceso({SucesoMonitor::Tipo::ErrorRegistro, toma.Error}, momento);
+    }
 }
 
 Vigilancia::~Vigilancia() = default;

@@ -50,6 +50,7 @@ public:
 
 private:
     std::string RutaLogModem() const;
+    void TomarSesionesDelSistema();
 
     std::filesystem::path carpeta_;
     bool simulada_;
