@@ -5,8 +5,6 @@
 #include "LineaEstado.h"
 #include "monitor/EntradasConexion.h"
 #include "platform/LineasModemLog.h"
-#include "settings/ArchivoVariables.h"
-#include "tariff/AjustesTarifa.h"
 
 #include <ostream>
 
@@ -24,12 +22,10 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
     : carpeta_(std::move(carpeta)), simulada_(o.guion.has_value()), salida_(salida),
       errores_(errores), terminal_(terminal), relojSimulado_(Comienzo(o)),
       reloj_(simulada_ ? static_cast<const Reloj*>(&relojSimulado_) : &relojSistema_),
-      bono_(*reloj_), log_(carpeta_), registro_(log_) {
+      sesion_(carpeta_, *reloj_) {
     // A damaged settings file stops the meter: it is never rewritten from
     // defaults.
-    ajustes_ = LeerAjustes(carpeta_).valores;
-    CargarBono(ajustes_, bono_);
-    CargarConexiones(ajustes_, pendientes_);
+    LeerAjustes(sesion_);
 
     OpcionesPlataforma op;
     op.carpetaDatos = carpeta_;
@@ -38,15 +34,16 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
         op.guion = *o.guion;
     }
     plataforma_ = CrearPlataforma(op);
-    AñadirEntradasNuevas(ajustes_, plataforma_.entradas->Entradas());
+    AñadirEntradasNuevas(sesion_.Ajustes(), plataforma_.entradas->Entradas());
     rutaModemLog_ = RutaLogModem();
 }
 
 void Vigilancia::Iniciar() {
-    log_.NombreLog(rutaModemLog_);
-    log_.CargarLog();
-    linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
-    monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
+    sesion_.Registro().NombreLog(rutaModemLog_);
+    sesion_.CargarRegistro();
+    linea_ = std::make_unique<LineaPlataforma>(*plataforma_.marcador);
+    monitor_ = std::make_unique<MonitorConexion>(*reloj_, sesion_.Ajustes(), sesion_.Bono(),
+                                                 sesion_.Pendientes(), sesion_.RegistroDelMonitor(),
                                                  *linea_, carpeta_);
 }
 
@@ -74,10 +71,14 @@ void Vigilancia::Paso() {
     FuenteConexiones& fuente = *plataforma_.conexiones;
     fuente.Actualizar();
     const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName()};
+    const Log& log = sesion_.Registro();
     for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
+        if (s.tipo == SucesoMonitor::Tipo::LlamadaIniciada) {
+            sesion_.PendienteAñadido();
+        }
         if (s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas) {
-            for (int i = log_.Count() - s.llamadas; i < log_.Count(); ++i) {
-                Escribir(LineaAnotada(log_, i), true);
+            for (int i = log.Count() - s.llamadas; i < log.Count(); ++i) {
+                Escribir(LineaAnotada(log, i), true);
             }
         } else if (s.tipo == SucesoMonitor::Tipo::ErrorRegistro) {
             Avisar(*LineaSuceso(s, *monitor_));
@@ -120,10 +121,7 @@ void Vigilancia::Terminar() {
 }
 
 void Vigilancia::Guardar() {
-    log_.SalvarLog();
-    GuardarBono(bono_, ajustes_);
-    GuardarConexiones(pendientes_, ajustes_);
-    GuardarVariables(carpeta_ / Settings::kNombreArchivo, ajustes_);
+    sesion_.Guardar();
 }
 
 } // namespace vorimesk::cli

@@ -6,7 +6,7 @@
 
 namespace vorimesk {
 
-class RegistroLog final : public RegistroMonitor {
+class RegistroLog : public RegistroMonitor {
 public:
     explicit RegistroLog(Log& log) : log_(log) {}
 

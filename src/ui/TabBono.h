@@ -20,12 +20,12 @@ class QTableWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabBono : public QWidget {
     Q_OBJECT
 public:
-    TabBono(DatosVentana& datos, QWidget* padre = nullptr);
+    TabBono(DatosSesion& datos, QWidget* padre = nullptr);
 
     // The ledger in the grid and the kind labels; the billing controls.
     void Mostrar();
@@ -66,7 +66,7 @@ private:
     QWidget* PaginaGrupo(int grupo);
     bool Confirmar(const QString& texto);
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
 };
 
 } // namespace vorimesk

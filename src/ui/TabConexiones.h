@@ -12,12 +12,12 @@ class QListWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabConexiones : public QWidget {
     Q_OBJECT
 public:
-    TabConexiones(DatosVentana& datos, QWidget* padre = nullptr);
+    TabConexiones(DatosSesion& datos, QWidget* padre = nullptr);
 
     // The system's entries, in order; none shows "No hay conexiones disponibles.".
     void MostrarEntradas(const std::vector<std::string>& entradas);
@@ -38,7 +38,7 @@ private:
     void ElegirDescuento(int indice);
     std::string Seleccionada() const;
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     bool hayEntradas_ = false;
 };
 

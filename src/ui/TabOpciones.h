@@ -14,7 +14,7 @@ class QTimeEdit;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 class EditorTiempo;
 class SonidoAviso;
 
@@ -25,7 +25,7 @@ public:
     static constexpr const char* kPaginaInternet =
         "https://es.wikipedia.org/wiki/Conexi%C3%B3n_por_l%C3%ADnea_conmutada";
 
-    TabOpciones(DatosVentana& datos, SonidoAviso& sonido, QWidget* padre = nullptr);
+    TabOpciones(DatosSesion& datos, SonidoAviso& sonido, QWidget* padre = nullptr);
 
     // Shows the settings in their controls.
     void Mostrar();
@@ -67,7 +67,7 @@ private:
     void AbrirProgramas();
     void AbrirInternet();
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     SonidoAviso& sonido_;
 };
 

@@ -1,9 +1,9 @@
 #include "TabTarifas.h"
 
 #include "AnchosProporcionales.h"
-#include "DatosVentana.h"
 #include "Lanzador.h"
 #include "Mensajes.h"
+#include "session/DatosSesion.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -77,7 +77,7 @@ QString HoraMinutos(const ValorTarifa& v) {
 
 } // namespace
 
-TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma, QWidget* padre)
+TabTarifas::TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma, QWidget* padre)
     : QWidget(padre), datos_(datos), carpetaPrograma_(std::move(carpetaPrograma)) {
     listTarifas = new QListWidget(this);
     listTarifas->setObjectName("listTarifas");

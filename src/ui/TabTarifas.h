@@ -17,14 +17,13 @@ class QTableWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabTarifas : public QWidget {
     Q_OBJECT
 public:
     // `carpetaPrograma` is where the tariff editor is looked for.
-    TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma,
-               QWidget* padre = nullptr);
+    TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma, QWidget* padre = nullptr);
 
     // Reads the book again (the editor may have changed it) and shows it.
     void Refrescar();
@@ -49,7 +48,7 @@ private:
     int TipoDia() const;
     void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     std::filesystem::path carpetaPrograma_;
     QButtonGroup* dias_ = nullptr;
 };

@@ -20,8 +20,6 @@
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
 #include "monitor/PerfilEntrada.h"
-#include "settings/ArchivoVariables.h"
-#include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
 
 #include <QAction>
@@ -47,10 +45,9 @@ constexpr int kIntervaloHora = 1000;
 
 fMain::fMain(EntornoVentana entorno, QWidget* padre)
     : QMainWindow(padre), entorno_(std::move(entorno)),
-      datos_(entorno_.carpetaDatos, *entorno_.reloj), registroMonitor_(datos_.Registro),
-      linea_(*entorno_.plataforma.marcador),
-      monitor_(*entorno_.reloj, datos_.Ajustes, datos_.Bono, datos_.Conexiones, registroMonitor_,
-               linea_, entorno_.carpetaDatos) {
+      sesion_(entorno_.carpetaDatos, *entorno_.reloj), linea_(*entorno_.plataforma.marcador),
+      monitor_(*entorno_.reloj, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
+               sesion_.RegistroDelMonitor(), linea_, entorno_.carpetaDatos) {
     setWindowTitle("Vorimesk");
     setWindowIcon(IconoPrograma());
     sonido_ = new SonidoAviso(this);
@@ -115,7 +112,7 @@ void fMain::Construir() {
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
     connect(tabRegistro, &TabRegistro::PedirFiltro, this, [this] { AbrirFiltro(); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
-            Protegido(this, [this] { CalcularPeriodo(); }));
+            Protegido(this, [this] { sesion_.CalcularPeriodo(); }));
 
     auto* centro = new QWidget(this);
     auto* todo = new QVBoxLayout(centro);
@@ -146,10 +143,7 @@ void fMain::Cargar() {
     Proteger(this, [this] { AplicarCargaAlIniciar(); });
     Proteger(this, [this] { LeerEntradas(); });
     Proteger(this, [this] { CargarRegistro(); });
-    Proteger(this, [this] {
-        CalcularPeriodo();
-        RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
-    });
+    Proteger(this, [this] { MostrarPeriodo(); });
     Proteger(this, [this] {
         tabBono->Mostrar();
         tabTarifas->Refrescar();
@@ -168,24 +162,12 @@ void fMain::Cargar() {
 }
 
 void fMain::LeerAjustes() {
-    LecturaVariables lectura =
-        LeerVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo));
-    datos_.Ajustes = std::move(lectura.valores);
-    datos_.RecalculoPendiente = false;
-    if (lectura.dañado) {
-        Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.aviso));
+    const Sesion::LecturaAjustes lectura = sesion_.LeerAjustes();
+    if (!lectura.dañado.empty()) {
+        Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.dañado));
     }
-    try {
-        CargarBono(datos_.Ajustes, datos_.Bono);
-        CargarConexiones(datos_.Ajustes, datos_.Conexiones);
-    } catch (const Error& error) {
-        // Written back from what could be read, the file would lose the
-        // rest: it is left alone for this run.
-        ajustesGuardables_ = false;
-        datos_.Bono.Limpiar();
-        throw Error(std::string("Los bonos o las conexiones de ") +
-                    std::string(Settings::kNombreArchivo) + " no se pueden leer: " + error.what() +
-                    "\nLas opciones no se guardaran al salir, para no perder el archivo.");
+    if (!lectura.listasIlegibles.empty()) {
+        throw Error(lectura.listasIlegibles);
     }
 }
 
@@ -261,22 +243,17 @@ void fMain::LeerEntradas() {
 
 void fMain::CargarRegistro() {
     try {
-        datos_.Registro.CargarLog();
+        sesion_.CargarRegistro();
     } catch (const Error& error) {
         throw Error(std::string("No se pudo leer el registro de llamadas: ") + error.what() +
                     "\nNo se escribira en el mientras el programa siga abierto, para no perder "
                     "el archivo.");
     }
-    registroLeido_ = true;
 }
 
-void fMain::CalcularPeriodo() {
-    const Fecha hoy = datos_.RelojPrograma.Hoy();
-    const Fecha primera = datos_.Registro.Count() > 0 ? datos_.Registro.Dia(0) : hoy;
-    const PeriodoFacturacion p =
-        PeriodoEnCurso(datos_.Bono.DiaFactura(), datos_.Bono.perFactura(), primera, hoy);
-    datos_.InicioPeriodo = p.inicio;
-    datos_.FinPeriodo = p.fin;
+void fMain::MostrarPeriodo() {
+    sesion_.CalcularPeriodo();
+    RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
 }
 
 void fMain::MostrarAjustes() {
@@ -311,6 +288,7 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             MostrarMini();
             break;
         case SucesoMonitor::Tipo::LlamadaIniciada:
+            sesion_.PendienteAñadido();
             // A demonstration shows every window a call can have.
             if (entorno_.demostracion) {
                 MostrarMini();
@@ -320,8 +298,7 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             QProcess::startDetached(QString::fromStdString(s.texto), {});
             break;
         case SucesoMonitor::Tipo::RellenarRegistro:
-            CalcularPeriodo();
-            RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
+            MostrarPeriodo();
             break;
         case SucesoMonitor::Tipo::BonoRenovado:
             tabBono->Mostrar();
@@ -373,10 +350,8 @@ std::vector<std::array<std::string, 10>> fMain::FilasVisibles() const {
 }
 
 void fMain::RegistroCambiado() {
-    registroSucio_ = true;
-    GuardarRegistro();
-    CalcularPeriodo();
-    RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
+    sesion_.RegistroCambiado();
+    MostrarPeriodo();
 }
 
 void fMain::CambioPestaña(int nueva) {
@@ -423,34 +398,14 @@ void fMain::MostrarBono() {
 }
 
 void fMain::Recalcular() {
-    // A failure leaves every call as it was; a success is saved at once.
-    datos_.Registro.ModificarLog(datos_.Bono, FestivosDeAjustes(datos_.Ajustes));
-    registroSucio_ = true;
-    GuardarRegistro();
+    sesion_.Recalcular();
     RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
     tabBono->Mostrar();
     MostrarBono();
 }
 
-void fMain::GuardarRegistro() {
-    if (registroLeido_ && registroSucio_) {
-        datos_.Registro.SalvarLog();
-        registroSucio_ = false;
-    }
-}
-
-void fMain::GuardarAjustes() {
-    if (!ajustesGuardables_) {
-        return;
-    }
-    GuardarBono(datos_.Bono, datos_.Ajustes);
-    GuardarConexiones(datos_.Conexiones, datos_.Ajustes);
-    GuardarVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo), datos_.Ajustes);
-}
-
 void fMain::GuardarTodo() {
-    GuardarRegistro();
-    GuardarAjustes();
+    sesion_.Guardar();
 }
 
 bool fMain::Terminar() {

@@ -1,19 +1,19 @@
 #pragma once
-// The main window: it owns the register, the settings, the BonoNet ledger
-// and the tray icon, and hosts the toolbar, the connection panel with the
-// live meter and the tabbed area SSTab1 (summary, dial-up entries, tariffs,
-// register grid, holidays, BonoNet and options). Cargar runs the load
-// sequence; the close box only hides the windows (to the tray, or minimised
-// when there is no tray), and only Terminar ends the program, saving
-// register and settings. The toolbar, the tray menu, the mini window and
-// always-on-top live in fMainEscritorio.cpp.
+// The main window over the user's session (Sesion: settings, BonoNet ledger,
+// pending list, register, tariff book, and when they are written): it asks,
+// shows and forwards. It holds the tray icon and hosts the toolbar, the
+// connection panel with the live meter and the tabbed area SSTab1 (summary,
+// dial-up entries, tariffs, register grid, holidays, BonoNet and options).
+// Cargar runs the load sequence; the close box only hides the windows (to the
+// tray, or minimised when there is no tray), and only Terminar ends the
+// program, the session saving what it keeps until the exit. The toolbar, the tray menu, the mini
+// window and always-on-top live in fMainEscritorio.cpp.
 
 #include "AnfitrionRegistro.h"
-#include "DatosVentana.h"
 #include "EntornoVentana.h"
-#include "LineaPlataforma.h"
 #include "monitor/MonitorConexion.h"
-#include "monitor/RegistroLog.h"
+#include "platform/LineaPlataforma.h"
+#include "session/Sesion.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -72,7 +72,7 @@ public:
     // The session ends (logout, SIGTERM): saves what can be saved, tells
     // nobody, and ends the event loop.
     void TerminarSesion();
-    // Saves the register when it has unsaved changes, and the settings.
+    // The session saves what it keeps until the exit.
     void GuardarTodo();
 
     // Window activation: looks for new dial-up entries and tells the user.
@@ -109,7 +109,7 @@ public:
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
 
-    DatosVentana& Datos() { return datos_; }
+    DatosSesion& Datos() { return datos_; }
     const MonitorConexion& Monitor() const { return monitor_; }
     const Listado& UltimoListado() const { return listado_; }
     QSystemTrayIcon* Bandeja() const { return bandeja_; }
@@ -149,11 +149,10 @@ private:
     void AbrirArchivo();
     void AbrirGrafico();
     void LeerAjustes();
+    void CargarRegistro();
     void BuscarModem();
     void AplicarCargaAlIniciar();
     void LeerEntradas();
-    void CargarRegistro();
-    void CalcularPeriodo();
     void MostrarAjustes();
     void AplicarSiempreVisible();
     void Atender(const MonitorConexion::Sucesos& sucesos);
@@ -161,12 +160,12 @@ private:
     void MostrarResumen();
     void MostrarBono();
     void Recalcular();
-    void GuardarRegistro();
-    void GuardarAjustes();
+    // The register's grid shows the current period afresh.
+    void MostrarPeriodo();
 
     EntornoVentana entorno_;
-    DatosVentana datos_;
-    RegistroLog registroMonitor_;
+    Sesion sesion_;
+    DatosSesion& datos_ = sesion_.Datos();
     LineaPlataforma linea_;
     MonitorConexion monitor_;
     SonidoAviso* sonido_ = nullptr;
@@ -177,10 +176,6 @@ private:
     Listado listado_;
     int pestañaAnterior_ = kResumen;
     bool entradasNuevas_ = false;
-    // A register that could not be read is never written over.
-    bool registroLeido_ = false;
-    bool registroSucio_ = false;
-    bool ajustesGuardables_ = true;
     bool terminando_ = false;
     bool mostrada_ = false;
     std::optional<std::vector<std::string>> entradasSistema_;
