@@ -1,6 +1,7 @@
 #include "fMain.h"
 
 #include "Avisos.h"
+#include "EleccionModem.h"
 #include "Iconos.h"
 #include "Mensajes.h"
 #include "MenuBandeja.h"
@@ -19,20 +20,15 @@
 #include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
-#include "monitor/PerfilEntrada.h"
 #include "tariff/PeriodoEnCurso.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QProcess>
-#include <QSettings>
-#include <QStatusBar>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <iostream>
 
 namespace vorimesk {
@@ -188,34 +184,15 @@ void fMain::PonerBandeja() {
 }
 
 void fMain::BuscarModem() {
-    const std::vector<Modem> modems = entorno_.plataforma.modems->Modems();
-    if (modems.empty()) {
+    const std::optional<std::string> ruta = LogDelModemElegido(
+        entorno_.plataforma.modems->Modems(), datos_.Carpeta / kArchivoPreferencias, ElegirModem);
+    if (!ruta) {
         avisos::SinModem(this);
         // The calls still reach the register through the system's log.
         datos_.Registro.NombreLog(entorno_.logSinModem.string());
         return;
     }
-    std::size_t elegido = 0;
-    if (modems.size() > 1) {
-        QSettings preferencias(
-            QString::fromStdString((datos_.Carpeta / kArchivoPreferencias).string()),
-            QSettings::IniFormat);
-        const std::string recordado = preferencias.value("Modem/Clave").toString().toStdString();
-        const auto it = std::find_if(modems.begin(), modems.end(),
-                                     [&](const Modem& m) { return m.clave == recordado; });
-        if (it != modems.end()) {
-            elegido = static_cast<std::size_t>(it - modems.begin());
-        } else {
-            QStringList modelos;
-            for (const Modem& m : modems) {
-                modelos.append(QString::fromStdString(m.modelo));
-            }
-            elegido = static_cast<std::size_t>(
-                std::clamp(ElegirModem(modelos), 0, static_cast<int>(modems.size()) - 1));
-            preferencias.setValue("Modem/Clave", QString::fromStdString(modems[elegido].clave));
-        }
-    }
-    datos_.Registro.NombreLog(modems[elegido].rutaLog.string());
+    datos_.Registro.NombreLog(*ruta);
 }
 
 void fMain::AplicarCargaAlIniciar() {
@@ -260,82 +237,6 @@ void fMain::MostrarAjustes() {
     tabOpciones->Mostrar();
     tabFestivos->MostrarFestivos();
     tabBono->Mostrar();
-}
-
-void fMain::TickHora() {
-    Atender(monitor_.TickHora());
-}
-
-void fMain::TickEstado() {
-    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
-    fuente.Actualizar();
-    MonitorConexion::Sucesos sucesos =
-        monitor_.TickEstado({fuente.Count(), fuente.IntState(), fuente.EntryName()});
-    for (SucesoMonitor& s : monitor_.TickActual()) {
-        sucesos.push_back(std::move(s));
-    }
-    Atender(sucesos);
-}
-
-void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
-    for (const SucesoMonitor& s : sucesos) {
-        switch (s.tipo) {
-        case SucesoMonitor::Tipo::Sonar:
-            sonido_->Reproducir(QString::fromStdString(s.texto));
-            emit AvisoSonoro(static_cast<int>(s.motivo));
-            break;
-        case SucesoMonitor::Tipo::MostrarMini:
-            MostrarMini();
-            break;
-        case SucesoMonitor::Tipo::LlamadaIniciada:
-            sesion_.PendienteAñadido();
-            // A demonstration shows every window a call can have.
-            if (entorno_.demostracion) {
-                MostrarMini();
-            }
-            break;
-        case SucesoMonitor::Tipo::LanzarPrograma:
-            QProcess::startDetached(QString::fromStdString(s.texto), {});
-            break;
-        case SucesoMonitor::Tipo::RellenarRegistro:
-            MostrarPeriodo();
-            break;
-        case SucesoMonitor::Tipo::BonoRenovado:
-            tabBono->Mostrar();
-            MostrarBono();
-            break;
-        case SucesoMonitor::Tipo::LogSinCerrar:
-            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
-                                     "con las de la proxima conexion.");
-            break;
-        case SucesoMonitor::Tipo::ErrorRegistro:
-            // Not modal: the timers go on while the user reads it.
-            statusBar()->showMessage(QString::fromStdString(s.texto));
-            std::cerr << "Vorimesk: " << s.texto << "\n";
-            break;
-        default:
-            // The call's own display (mini window included) is painted from
-            // the monitor's values below.
-            break;
-        }
-    }
-    MostrarPantalla();
-}
-
-void fMain::MostrarPantalla() {
-    const PantallaMonitor& p = monitor_.Pantalla();
-    panel->Mostrar(p);
-    if (mini_ != nullptr) {
-        mini_->Mostrar(p);
-    }
-    mnuOne->mnu(MenuBandeja::kConectar)->setEnabled(p.MenuConectar);
-    mnuOne->mnu(MenuBandeja::kDesconectar)->setEnabled(p.MenuDesconectar);
-    if (bandeja_ != nullptr) {
-        bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
-    }
-    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
-        MostrarBono();
-    }
 }
 
 void fMain::RellenaGrid(const CriteriosFiltro& criterios) {
@@ -383,18 +284,6 @@ void fMain::MostrarResumen() {
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = DiasHastaFacturacion(datos_.RelojPrograma.Hoy(), datos_.Bono.DiaFactura());
     tabResumen->Mostrar(r);
-}
-
-void fMain::MostrarBono() {
-    const auto grupo = static_cast<std::int16_t>(tabBono->Grupo());
-    const PantallaMonitor& p = monitor_.Pantalla();
-    // During a BonoNet call the live meter's figures are the ones to show.
-    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
-        tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), p.BonoGastado, p.BonoQueda);
-        return;
-    }
-    tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), datos_.Bono.TiempoGastadoGrupo(grupo),
-                            datos_.Bono.TotalTiempoGrupo(grupo));
 }
 
 void fMain::Recalcular() {
