@@ -89,6 +89,14 @@ void fMain::Construir() {
     tabFestivos = new TabFestivos(datos_, SSTab1);
     tabBono = new TabBono(datos_, SSTab1);
     tabOpciones = new TabOpciones(datos_, *sonido_, SSTab1);
+    panel->setObjectName("panel");
+    tabResumen->setObjectName("TabResumen");
+    tabConexiones->setObjectName("TabConexiones");
+    tabTarifas->setObjectName("TabTarifas");
+    tabRegistro->setObjectName("TabRegistro");
+    tabFestivos->setObjectName("TabFestivos");
+    tabBono->setObjectName("TabBono");
+    tabOpciones->setObjectName("TabOpciones");
     SSTab1->addTab(tabResumen, "&Resumen");
     SSTab1->addTab(tabConexiones, "C&onexiones");
     SSTab1->addTab(tabTarifas, "&Tarifas");

@@ -88,8 +88,6 @@ public:
     // monthly renewal of the bundles.
     void TickHora();
 
-    // Toolbar1 button `indice` was clicked.
-    void AlBoton(int indice);
     // Tray item 1 and toolbar button 3: flips "Siempre visible" and keeps
     // both in step.
     void CambiarSiempreVisible(bool arriba);
@@ -113,21 +111,6 @@ public:
     const MonitorConexion& Monitor() const { return monitor_; }
     const Listado& UltimoListado() const { return listado_; }
     QSystemTrayIcon* Bandeja() const { return bandeja_; }
-
-    QTabWidget* SSTab1 = nullptr;
-    PanelConexion* panel = nullptr;
-    TabResumen* tabResumen = nullptr;
-    TabConexiones* tabConexiones = nullptr;
-    TabTarifas* tabTarifas = nullptr;
-    TabRegistro* tabRegistro = nullptr;
-    TabFestivos* tabFestivos = nullptr;
-    TabBono* tabBono = nullptr;
-    TabOpciones* tabOpciones = nullptr;
-    BarraPrincipal* Toolbar1 = nullptr;
-    // Built even when the desktop has no tray, so its rules hold the same.
-    MenuBandeja* mnuOne = nullptr;
-    QTimer* tmEstado = nullptr;
-    QTimer* tmHora = nullptr;
 
 signals:
     // The alert sound was asked for (a MotivoAviso), whether or not the file
@@ -162,6 +145,22 @@ private:
     void Recalcular();
     // The register's grid shows the current period afresh.
     void MostrarPeriodo();
+
+    // Found by their object names from outside (tests, screenshots).
+    QTabWidget* SSTab1 = nullptr;
+    PanelConexion* panel = nullptr;
+    TabResumen* tabResumen = nullptr;
+    TabConexiones* tabConexiones = nullptr;
+    TabTarifas* tabTarifas = nullptr;
+    TabRegistro* tabRegistro = nullptr;
+    TabFestivos* tabFestivos = nullptr;
+    TabBono* tabBono = nullptr;
+    TabOpciones* tabOpciones = nullptr;
+    BarraPrincipal* Toolbar1 = nullptr;
+    // Built even when the desktop has no tray, so its rules hold the same.
+    MenuBandeja* mnuOne = nullptr;
+    QTimer* tmEstado = nullptr;
+    QTimer* tmHora = nullptr;
 
     EntornoVentana entorno_;
     Sesion sesion_;

@@ -84,8 +84,8 @@ void fMain::MostrarPantalla() {
     if (mini_ != nullptr) {
         mini_->Mostrar(p);
     }
-    mnuOne->mnu(MenuBandeja::kConectar)->setEnabled(p.MenuConectar);
-    mnuOne->mnu(MenuBandeja::kDesconectar)->setEnabled(p.MenuDesconectar);
+    mnuOne->mnuConectar()->setEnabled(p.MenuConectar);
+    mnuOne->mnuDesconectar()->setEnabled(p.MenuDesconectar);
     if (bandeja_ != nullptr) {
         bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
     }

@@ -19,3 +19,21 @@
 #include <QTimeEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+
+namespace vorimesk::prueba {
+
+// A control of a window found by its object name, the way the window names
+// it: the tests never reach into a window's members. A missing control ends
+// the test with its name.
+template <typename T> T* Control(const QObject* ventana, const QString& nombre) {
+    T* control = ventana->findChild<T*>(nombre);
+    if (control == nullptr) {
+        throw std::runtime_error("no hay ningun control \"" + nombre.toStdString() + "\" de " +
+                                 T::staticMetaObject.className());
+    }
+    return control;
+}
+
+} // namespace vorimesk::prueba

@@ -15,8 +15,8 @@ using namespace vorimesk::prueba;
 
 namespace {
 
-QString Leyenda(const fMain& v, int item) {
-    return v.mnuOne->mnu(item)->text();
+QString LeyendaMini(const fMain& v) {
+    return Control<QAction>(&v, "mnuMini")->text();
 }
 
 bool EncimaDeTodo(const QWidget& w) {
@@ -42,8 +42,8 @@ protected:
 
 TEST_F(Escritorio, SiempreVisibleVaALaParEnBarraYBandeja) {
     auto v = AbrirVisible();
-    QAction* chincheta = v->Toolbar1->Boton(BarraPrincipal::kFijar);
-    QAction* item = v->mnuOne->mnu(MenuBandeja::kSiempreVisible);
+    QAction* chincheta = Control<QAction>(v.get(), "accFijar");
+    QAction* item = Control<QAction>(v.get(), "mnuSiempreVisible");
     ASSERT_FALSE(chincheta->isChecked());
 
     chincheta->trigger();
@@ -61,34 +61,34 @@ TEST_F(Escritorio, SiempreVisibleVaALaParEnBarraYBandeja) {
     s.SiempreVisible = true;
     EscribirAjustes(s);
     auto otra = Abrir();
-    EXPECT_TRUE(otra->Toolbar1->Boton(BarraPrincipal::kFijar)->isChecked());
-    EXPECT_TRUE(otra->mnuOne->mnu(MenuBandeja::kSiempreVisible)->isChecked());
+    EXPECT_TRUE(Control<QAction>(otra.get(), "accFijar")->isChecked());
+    EXPECT_TRUE(Control<QAction>(otra.get(), "mnuSiempreVisible")->isChecked());
 }
 
 TEST_F(Escritorio, IdaYVueltaDeLaMiniVentana) {
     auto v = AbrirVisible();
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_TRUE(EncimaDeTodo(*v->Mini()));
     EXPECT_FALSE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
+    EXPECT_EQ(LeyendaMini(*v), "&Ventana normal");
 
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     QApplication::processEvents(); // the mini window is deleted on close
     EXPECT_EQ(v->Mini(), nullptr);
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+    EXPECT_EQ(LeyendaMini(*v), "&MiniVentana");
 
     // From the toolbar, then closed with its own button: the tray item is
     // left as it was, and still brings the normal window back.
-    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    Control<QAction>(v.get(), "accMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     v->Mini()->cmdCerrar->click();
     QApplication::processEvents();
     EXPECT_FALSE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    EXPECT_EQ(LeyendaMini(*v), "&Ventana normal");
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     EXPECT_TRUE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+    EXPECT_EQ(LeyendaMini(*v), "&MiniVentana");
 }
 
 TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
@@ -98,14 +98,14 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     EscribirAjustes(s);
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
     auto v = AbrirVisible();
-    QAction* conectar = v->mnuOne->mnu(MenuBandeja::kConectar);
-    QAction* desconectar = v->mnuOne->mnu(MenuBandeja::kDesconectar);
+    QAction* conectar = Control<QAction>(v.get(), "mnuConectar");
+    QAction* desconectar = Control<QAction>(v.get(), "mnuDesconectar");
 
     // "&Conectar con" picks the entry in the list and dials it.
     Tick(*v, SistemaPrueba::kNada);
-    v->mnuOne->mnuCon->actions()[1]->trigger();
+    Control<QMenu>(v.get(), "mnuCon")->actions()[1]->trigger();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
-    EXPECT_EQ(v->panel->EntradaElegida(), "Trabajo");
+    EXPECT_EQ(Control<PanelConexion>(v.get(), "panel")->EntradaElegida(), "Trabajo");
 
     for (int i = 0; i < 75; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
@@ -114,14 +114,14 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_TRUE(v->isVisible());
     EXPECT_EQ(v->Mini()->lTiempo->text(), "00:01:14");
-    EXPECT_EQ(v->Mini()->lGasto->text(), v->panel->lGasto->text());
-    EXPECT_NE(v->panel->lGasto->text(), "0.00");
+    EXPECT_EQ(v->Mini()->lGasto->text(), Control<QLabel>(v.get(), "lGasto")->text());
+    EXPECT_NE(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
     EXPECT_FALSE(conectar->isEnabled());
-    EXPECT_TRUE(v->panel->cmdConexion->isChecked());
+    EXPECT_TRUE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
 
     desconectar->trigger();
     EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
-    EXPECT_FALSE(v->panel->cmdConexion->isChecked());
+    EXPECT_FALSE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
     EXPECT_FALSE(desconectar->isEnabled());
 }
 
@@ -129,11 +129,11 @@ TEST_F(Escritorio, ElBotonDeConexionMarcaYCuelga) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
     Tick(*v, SistemaPrueba::kNada);
-    v->panel->cmdConexion->click();
+    Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Casa"});
     Tick(*v, SistemaPrueba::kConectado);
     EXPECT_TRUE(v->Monitor().LlamadaAbierta());
-    v->panel->cmdConexion->click();
+    Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
     EXPECT_FALSE(v->Monitor().LlamadaAbierta());
 }

@@ -31,7 +31,7 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
     s.Festivos = {F(2026, 1, 6), F(2025, 12, 25)};
     EscribirAjustes(s);
     auto v = Abrir();
-    TabFestivos& t = *v->tabFestivos;
+    TabFestivos& t = *Control<TabFestivos>(v.get(), "TabFestivos");
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2026, 1, 6)));
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 1, 7)));
 
@@ -62,7 +62,7 @@ TEST_F(Pestanas, UnVeintinueveDeFebreroSeCopiaAlUnoDeMarzo) {
     s.Festivos = {F(2028, 2, 29)};
     EscribirAjustes(s);
     auto v = Abrir();
-    v->tabFestivos->CopiarAlAñoSiguiente();
+    Control<TabFestivos>(v.get(), "TabFestivos")->CopiarAlAñoSiguiente();
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2028, 2, 29), F(2029, 3, 1)}));
 }
 
@@ -70,31 +70,31 @@ TEST_F(Pestanas, LaPreguntaDeRecalculoSeHaceUnaVezPorCambio) {
     auto v = Abrir();
     RespuestasDialogo respuestas;
     // Leaving the tab after a holiday click asks once; No does not ask again.
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
-    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 19));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
+    emit Control<QCalendarWidget>(v.get(), "FestivosCal")->clicked(QDate(2026, 3, 19));
     respuestas.Responder(QMessageBox::No);
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kRegistro);
     ASSERT_EQ(respuestas.Vistas().size(), 1u);
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "Ha modificado datos que afectan a los calculos\ndel registro de llamadas.\n"
               "¿Desea recalcular todas las llamadas con los parametro actuales ?");
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
 
     // The billing controls raise it too; taxes do not.
-    v->SSTab1->setCurrentIndex(fMain::kOpciones);
-    v->tabOpciones->chkImpuestos->click();
-    v->tabOpciones->txtImpuestos->setValue(21);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kOpciones);
+    Control<QCheckBox>(v.get(), "chkImpuestos")->click();
+    Control<QSpinBox>(v.get(), "txtImpuestos")->setValue(21);
     EXPECT_FALSE(v->Datos().RecalculoPendiente);
-    v->SSTab1->setCurrentIndex(fMain::kBono);
-    v->tabBono->tsp1->setValue(20);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kBono);
+    Control<QSpinBox>(v.get(), "tsp1")->setValue(20);
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
     respuestas.Responder(QMessageBox::No);
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
     EXPECT_EQ(respuestas.Vistas().size(), 2u);
     // The summary shown on the way counts days to the new billing day.
-    EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "0");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "0");
 }
 
 TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
@@ -111,16 +111,21 @@ TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
 
     auto v = Abrir();
     RespuestasDialogo respuestas;
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
-    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
+    emit Control<QCalendarWidget>(v.get(), "FestivosCal")->clicked(QDate(2026, 3, 2));
     respuestas.Responder(QMessageBox::Yes);
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kRegistro);
     // Saved at once, the file before it kept as the backup; the grid shows it.
     Log guardado(dir);
     guardado.CargarLog();
     EXPECT_EQ(guardado.importe(0), esperado);
     EXPECT_EQ(Leer(dir / "RegDat.bak"), Llamada(dia, 10, "00:01:00", "999"));
-    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 3).data().toString().toStdString(),
+    EXPECT_EQ(Control<TabRegistro>(v.get(), "TabRegistro")
+                  ->Modelo()
+                  .index(0, 3)
+                  .data()
+                  .toString()
+                  .toStdString(),
               std::to_string(CosteMostrado(guardado, 0, {})));
 }
 
@@ -133,8 +138,8 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     libro.Valor(1, "Nombre", "Lejana");
     libro.Save();
     auto v = Abrir();
-    v->SSTab1->setCurrentIndex(fMain::kTarifas);
-    TabTarifas& t = *v->tabTarifas;
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
+    TabTarifas& t = *Control<TabTarifas>(v.get(), "TabTarifas");
     ASSERT_EQ(t.listTarifas->count(), 2);
     t.optSabado->click();
     const auto celdas = [](QTableWidget* g) {
@@ -154,8 +159,8 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     // The editor changes the file; showing the tab again reads it.
     libro.Delete(1);
     libro.Save();
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    v->SSTab1->setCurrentIndex(fMain::kTarifas);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
     EXPECT_EQ(t.listTarifas->count(), 1);
 
     // A missing editor is reported and raises nothing.
@@ -172,7 +177,7 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
     EscribirAjustes(s);
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
     auto v = Abrir();
-    TabConexiones& t = *v->tabConexiones;
+    TabConexiones& t = *Control<TabConexiones>(v.get(), "TabConexiones");
     EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
     EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
 
@@ -195,7 +200,7 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     s.Impuestos = 15.6F;
     EscribirAjustes(s);
     auto v = Abrir();
-    TabOpciones& t = *v->tabOpciones;
+    TabOpciones& t = *Control<TabOpciones>(v.get(), "TabOpciones");
     EXPECT_EQ(t.txtImporte->text(), "1.500");
     EXPECT_EQ(t.tiempo1->text(), "01:15:00");
     EXPECT_EQ(t.txtImpuestos->value(), 16);
@@ -220,14 +225,14 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     // except "Ventanas Conexion invisibles".
     ASSERT_TRUE(v->Terminar());
     auto otra = Abrir();
-    EXPECT_TRUE(otra->tabOpciones->Check3->isChecked());
-    EXPECT_FALSE(otra->tabOpciones->Check11->isChecked());
-    EXPECT_EQ(otra->tabOpciones->txtImporte->text(), "2.500");
+    EXPECT_TRUE(Control<QCheckBox>(otra.get(), "Check3")->isChecked());
+    EXPECT_FALSE(Control<QCheckBox>(otra.get(), "Check11")->isChecked());
+    EXPECT_EQ(Control<QLineEdit>(otra.get(), "txtImporte")->text(), "2.500");
 }
 
 TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     auto v = Abrir();
-    TabBono& t = *v->tabBono;
+    TabBono& t = *Control<TabBono>(v.get(), "TabBono");
     std::vector<std::pair<BonoGuardado, bool>> pedidos;
     std::optional<BonoGuardado> respuesta;
     t.PedirBono = [&](const BonoGuardado& inicial, bool nuevo) {
@@ -246,10 +251,10 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     EXPECT_EQ(t.lTipos[0]->text(), "1 bono(s), quedan 07:30:00");
 
     // The summary shows the group chosen on tabBono.
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "07:30:00");
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "07:30:00");
     t.tabBono->setCurrentIndex(1);
-    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "50:00:00");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "50:00:00");
 
     // Change the second bundle: it is given up.
     t.gBono->selectRow(1);
