@@ -1,8 +1,9 @@
 #include "fFiltro.h"
 
-#include "AvisoError.h"
 #include "FechasQt.h"
+#include "Mensajes.h"
 #include "PilaPrograma.h"
+#include "Proteger.h"
 #include "core/Errores.h"
 #include "fPer.h"
 
@@ -250,28 +251,18 @@ CriteriosFiltro fFiltro::Criterios() const {
 }
 
 void fFiltro::Aplicar() {
-    try {
-        anfitrion_.RellenaGrid(Criterios());
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    Proteger(this, [&] { anfitrion_.RellenaGrid(Criterios()); });
 }
 
 void fFiltro::Suprimir() {
-    try {
+    Proteger(this, [&] {
         anfitrion_.RellenaGrid(
             CriteriosFiltro::Periodo(anfitrion_.InicioPeriodo(), anfitrion_.FinPeriodo()));
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    });
 }
 
 void fFiltro::VerTodos() {
-    try {
-        anfitrion_.RellenaGrid({});
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    Proteger(this, [&] { anfitrion_.RellenaGrid({}); });
 }
 
 void fFiltro::ElegirPeriodo() {

@@ -1,6 +1,5 @@
 #include "fMain.h"
 
-#include "Avisos.h"
 #include "EleccionModem.h"
 #include "Iconos.h"
 #include "Mensajes.h"

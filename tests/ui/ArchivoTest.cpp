@@ -3,10 +3,11 @@
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
 #include "Controles.h"
+#include "RespuestasDialogo.h"
 #include "register/Copias.h"
 #include "tariff/cBono.h"
-#include "ui/AvisoError.h"
 #include "ui/ListaCarpetas.h"
+#include "ui/Mensajes.h"
 #include "ui/PanelLogo.h"
 #include "ui/fArchivo.h"
 
@@ -26,11 +27,10 @@ protected:
         anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, reloj.Hoy());
         bono.DiaFactura(15);
         bono.perFactura(1);
-        DesviarAvisos([this](const QString& t) { avisos << t; });
     }
     void TearDown() override {
-        DesviarAvisos({});
-        EXPECT_TRUE(avisos.isEmpty()) << avisos.join("\n").toStdString();
+        // Every box a test did not expect was closed and is counted here.
+        EXPECT_EQ(respuestas.Vistas().size(), vistasEsperadas);
     }
     void Llamada(Log& r, int m, int d) {
         r.AñadirItem(Fecha::Crear(2026, m, d), Fecha::DesdeSegundos(72000), "00:10:00", "12.5", 1,
@@ -66,7 +66,8 @@ protected:
     std::unique_ptr<Log> registro;
     std::unique_ptr<cLlamada> libro;
     std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
-    QStringList avisos;
+    prueba::RespuestasDialogo respuestas;
+    std::size_t vistasEsperadas = 0;
 };
 
 } // namespace
@@ -194,7 +195,7 @@ TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {
     w->Siguiente();
     ElegirArchivo(*w, "Roto.CPR");
     w->Siguiente();
-    EXPECT_EQ(avisos.size(), 1);
-    avisos.clear();
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+    vistasEsperadas = 1;
     EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 2 de 3");
 }

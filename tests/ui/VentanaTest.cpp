@@ -3,7 +3,7 @@
 
 #include "CarpetaVentana.h"
 #include "platform/LineasModemLog.h"
-#include "ui/Avisos.h"
+#include "ui/Mensajes.h"
 #include "ui/SenalesTerminar.h"
 
 #include <QTableView>
