@@ -1,5 +1,6 @@
 #include "fArchivo.h"
 
+#include "ControlesDialogo.h"
 #include "FechasQt.h"
 #include "ListaCarpetas.h"
 #include "Mensajes.h"
@@ -27,13 +28,6 @@ namespace fs = std::filesystem;
 
 namespace vorimesk {
 namespace {
-
-QPushButton* Boton(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
-}
 
 QRadioButton* Opcion(const QString& texto, const char* nombre, QWidget* padre) {
     auto* o = new QRadioButton(texto, padre);

@@ -1,5 +1,6 @@
 #include "fFiltro.h"
 
+#include "ControlesDialogo.h"
 #include "FechasQt.h"
 #include "Mensajes.h"
 #include "PilaPrograma.h"
@@ -56,14 +57,6 @@ QPushButton* Interruptor(const QString& texto, const char* nombre, QWidget* padr
     return b;
 }
 
-QDateEdit* EditorFecha(const char* nombre, QWidget* padre) {
-    auto* e = new QDateEdit(padre);
-    e->setObjectName(nombre);
-    e->setDisplayFormat("dd/MM/yyyy");
-    e->setCalendarPopup(true);
-    return e;
-}
-
 QTimeEdit* EditorHora(const char* nombre, QWidget* padre) {
     auto* e = new QTimeEdit(padre);
     e->setObjectName(nombre);
@@ -76,13 +69,6 @@ QComboBox* Lista(const char* nombre, const QStringList& elementos, QWidget* padr
     c->setObjectName(nombre);
     c->addItems(elementos);
     return c;
-}
-
-QPushButton* Boton(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
 }
 
 } // namespace
