@@ -49,6 +49,7 @@ fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     txtTiempo->Tiempo(inicial.tiempo.empty() ? Contenido(inicial.Tipo) : inicial.tiempo);
 
     cmdAceptar = new QPushButton("&Aceptar", this);
+    cmdAceptar->setObjectName("cmdAceptar");
     cmdAceptar->setDefault(true);
     cmdCancelar = new QPushButton("&Cancelar", this);
     connect(cmdAceptar, &QPushButton::clicked, this, &fBono::accept);

@@ -24,13 +24,6 @@ public:
     // Top right of the screen it is on, clear of the panel.
     void Colocar();
 
-    QLabel* lTarifa = nullptr;
-    QLabel* lBono = nullptr;
-    QLabel* lGasto = nullptr;
-    QLabel* lTiempo = nullptr;
-    QLabel* shEstado = nullptr;
-    QPushButton* cmdCerrar = nullptr;
-
 signals:
     void Cerrada();
 
@@ -38,6 +31,13 @@ protected:
     void paintEvent(QPaintEvent* evento) override;
 
 private:
+    QLabel* lTarifa = nullptr;
+    QLabel* lBono = nullptr;
+    QLabel* lGasto = nullptr;
+    QLabel* lTiempo = nullptr;
+    QLabel* shEstado = nullptr;
+    QPushButton* cmdCerrar = nullptr;
+
     EtiquetasMedidor medidor_;
 };
 

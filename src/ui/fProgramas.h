@@ -23,15 +23,15 @@ public:
     std::function<QString()> ElegirArchivo;
     static QString DialogoAbrir(QWidget* padre);
 
+    void done(int resultado) override;
+
+private:
     QListWidget* listPro = nullptr;
     QPushButton* cmdAñadir = nullptr;
     QPushButton* cmdBorrar = nullptr;
     QPushButton* cmdBorrarTodos = nullptr;
     QPushButton* cmdCerrar = nullptr;
 
-    void done(int resultado) override;
-
-private:
     void Añadir();
     void Borrar();
 

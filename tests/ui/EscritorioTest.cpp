@@ -82,7 +82,7 @@ TEST_F(Escritorio, IdaYVueltaDeLaMiniVentana) {
     // left as it was, and still brings the normal window back.
     Control<QAction>(v.get(), "accMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
-    v->Mini()->cmdCerrar->click();
+    Control<QPushButton>(v->Mini(), "cmdCerrar")->click();
     QApplication::processEvents();
     EXPECT_FALSE(v->isVisible());
     EXPECT_EQ(LeyendaMini(*v), "&Ventana normal");
@@ -113,8 +113,9 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     // Shown on connecting, beside the normal window, with the meter's figures.
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_TRUE(v->isVisible());
-    EXPECT_EQ(v->Mini()->lTiempo->text(), "00:01:14");
-    EXPECT_EQ(v->Mini()->lGasto->text(), Control<QLabel>(v.get(), "lGasto")->text());
+    EXPECT_EQ(Control<QLabel>(v->Mini(), "lTiempo")->text(), "00:01:14");
+    EXPECT_EQ(Control<QLabel>(v->Mini(), "lGasto")->text(),
+              Control<QLabel>(v.get(), "lGasto")->text());
     EXPECT_NE(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
     EXPECT_FALSE(conectar->isEnabled());
     EXPECT_TRUE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
@@ -158,9 +159,10 @@ TEST_F(Escritorio, ElCartelDeInicioSeVaTrasLaCarga) {
     e.reloj = &reloj;
     bool visto = false;
     auto v = Arrancar(e, [&](fAbout& cartel) {
-        visto = cartel.isVisible() && cartel.lMsg->isVisibleTo(&cartel) &&
-                cartel.lMsg->text() == "Cargando el programa..." &&
-                !cartel.cmdCerrar->isVisibleTo(&cartel) && EncimaDeTodo(cartel);
+        visto = cartel.isVisible() && Control<QLabel>(&cartel, "lMsg")->isVisibleTo(&cartel) &&
+                Control<QLabel>(&cartel, "lMsg")->text() == "Cargando el programa..." &&
+                !Control<QPushButton>(&cartel, "cmdCerrar")->isVisibleTo(&cartel) &&
+                EncimaDeTodo(cartel);
     });
     EXPECT_TRUE(visto);
     EXPECT_TRUE(v->isVisible());
@@ -180,10 +182,10 @@ TEST(MiniVentana, SeArrastraPorSuCuerpoYSeColocaArriba) {
     // Without a window manager to move it, the window follows the mouse.
     const QPoint antes = mini.pos();
     const QPointF dentro(5, 5);
-    const QPointF global = mini.lTiempo->mapToGlobal(dentro);
+    const QPointF global = Control<QLabel>(&mini, "lTiempo")->mapToGlobal(dentro);
     auto enviar = [&](QEvent::Type tipo, QPointF donde, Qt::MouseButtons botones) {
         QMouseEvent e(tipo, dentro, donde, Qt::LeftButton, botones, Qt::NoModifier);
-        QApplication::sendEvent(mini.lTiempo, &e);
+        QApplication::sendEvent(Control<QLabel>(&mini, "lTiempo"), &e);
     };
     enviar(QEvent::MouseButtonPress, global, Qt::LeftButton);
     enviar(QEvent::MouseMove, global + QPointF(-30, 20), Qt::LeftButton);

@@ -146,12 +146,12 @@ std::vector<Captura> Capturas() {
         {"filtro",
          [](Datos& d) {
              auto f = std::make_unique<fFiltro>(*d.anfitrion, d.reloj);
-             f->bFec->click();
-             f->fecDesde->setDate(QDate(2026, 2, 16));
-             f->bTiempo->click();
-             f->HoraTiempo->setTime(QTime(0, 30, 0));
-             f->bDia->click();
-             f->Combo4->setCurrentIndex(2);
+             f->findChild<QPushButton*>("bFec")->click();
+             f->findChild<QDateEdit*>("fecDesde")->setDate(QDate(2026, 2, 16));
+             f->findChild<QPushButton*>("bTiempo")->click();
+             f->findChild<QTimeEdit*>("HoraTiempo")->setTime(QTime(0, 30, 0));
+             f->findChild<QPushButton*>("bDia")->click();
+             f->findChild<QComboBox*>("Combo4")->setCurrentIndex(2);
              return f;
          }},
         {"selector-periodos",
@@ -213,7 +213,7 @@ int main(int argc, char** argv) {
         std::printf("%s\n", qPrintable(ruta));
     }
     fImprimir informe(*datos.anfitrion, datos.libro);
-    informe.Check2->setChecked(true);
+    informe.findChild<QCheckBox*>("Check2")->setChecked(true);
     const QString pdf = carpeta + "/informe.pdf";
     if (!informe.ImprimirPdf(pdf)) {
         std::fprintf(stderr, "No se pudo escribir %s\n", qPrintable(pdf));
