@@ -61,6 +61,10 @@ TabBono::TabBono(DatosSesion& datos, QWidget* padre) : QWidget(padre), datos_(da
     cmdModificar = new QPushButton("&Modificar", marco);
     cmdEliminar = new QPushButton("E&liminar", marco);
     cmdLimpiar = new QPushButton("&Limpiar", marco);
+    cmdAlta->setObjectName("cmdAlta");
+    cmdModificar->setObjectName("cmdModificar");
+    cmdEliminar->setObjectName("cmdEliminar");
+    cmdLimpiar->setObjectName("cmdLimpiar");
     connect(cmdAlta, &QPushButton::clicked, this, &TabBono::Alta);
     connect(cmdModificar, &QPushButton::clicked, this, &TabBono::Modificar);
     connect(cmdEliminar, &QPushButton::clicked, this, &TabBono::Eliminar);

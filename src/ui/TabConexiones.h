@@ -28,11 +28,11 @@ public:
     // it is not there.
     int Buscar(const std::string& entrada) const;
 
+private:
     QListWidget* listaConexiones2 = nullptr;
     QComboBox* cmbTarifa = nullptr;
     QComboBox* cmbDescuento = nullptr;
 
-private:
     void Seleccion();
     void ElegirTarifa(int indice);
     void ElegirDescuento(int indice);

@@ -31,11 +31,11 @@ public:
     void CopiarAlAñoSiguiente();
     void BorrarTodo();
 
+private:
     QCalendarWidget* FestivosCal = nullptr;
     QPushButton* cmdCopiarAño = nullptr;
     QPushButton* cmdBorrartodos = nullptr;
 
-private:
     DatosSesion& datos_;
 };
 

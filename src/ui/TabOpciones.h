@@ -30,6 +30,11 @@ public:
     // Shows the settings in their controls.
     void Mostrar();
 
+signals:
+    // A click on a threshold's box: 0 time, 1 cost, 2 bundle left.
+    void AvisoArmado(int umbral);
+
+private:
     QCheckBox* Check7 = nullptr;
     QCheckBox* Check8 = nullptr;
     QCheckBox* Check9 = nullptr;
@@ -53,11 +58,6 @@ public:
     QPushButton* cmdProgramas = nullptr;
     QPushButton* cmdInternet = nullptr;
 
-signals:
-    // A click on a threshold's box: 0 time, 1 cost, 2 bundle left.
-    void AvisoArmado(int umbral);
-
-private:
     QWidget* MarcoGeneral();
     QWidget* MarcoAvisos();
     QWidget* MarcoImpuestos();

@@ -23,6 +23,11 @@ public:
     void Mostrar(const Log& registro, const Listado& listado, OpcionesCoste opciones);
     const ModeloRegistro& Modelo() const { return *modelo_; }
 
+signals:
+    // The user asks for the register filter.
+    void PedirFiltro();
+
+private:
     QTableView* Grid1 = nullptr;
     QLabel* lPeriodo2 = nullptr;
     QLabel* Label4 = nullptr;       // beside "Llamadas:"
@@ -30,11 +35,6 @@ public:
     QLabel* lGastoReg = nullptr;    // beside "Gasto:"
     QPushButton* cmdFiltro = nullptr;
 
-signals:
-    // The user asks for the register filter.
-    void PedirFiltro();
-
-private:
     ModeloRegistro* modelo_ = nullptr;
     AnchosProporcionales* anchos_ = nullptr;
 };

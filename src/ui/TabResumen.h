@@ -32,6 +32,7 @@ public:
     void Mostrar(const ResumenPeriodo& resumen);
     void MostrarBono(const QString& grupo, const std::string& gastado, const std::string& queda);
 
+private:
     QLabel* lPeriodo = nullptr;
     QLabel* lTiempoPer = nullptr;
     QLabel* lGastoPer = nullptr;
@@ -40,7 +41,6 @@ public:
     QLabel* lBonoGastado = nullptr;
     QLabel* lBonoQueda = nullptr;
 
-private:
     QGroupBox* marcoBono_ = nullptr;
 };
 

@@ -89,6 +89,9 @@ TabTarifas::TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma
     optSemana = new QRadioButton(kDias[0], marcoDia);
     optSabado = new QRadioButton(kDias[1], marcoDia);
     optFestivo = new QRadioButton(kDias[2], marcoDia);
+    optSemana->setObjectName("optSemana");
+    optSabado->setObjectName("optSabado");
+    optFestivo->setObjectName("optFestivo");
     dias_ = new QButtonGroup(this);
     dias_->addButton(optSemana, 0);
     dias_->addButton(optSabado, 1);

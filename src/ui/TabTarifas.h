@@ -32,6 +32,10 @@ public:
     // Starts the editor; false (after telling the user) when it cannot.
     bool AbrirEditor();
 
+signals:
+    void EditorAbierto();
+
+private:
     QListWidget* listTarifas = nullptr;
     QRadioButton* optSemana = nullptr;
     QRadioButton* optSabado = nullptr;
@@ -41,10 +45,6 @@ public:
     QPushButton* cmdEditor = nullptr;
     QLabel* lSinTarifas = nullptr;
 
-signals:
-    void EditorAbierto();
-
-private:
     int TipoDia() const;
     void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
 

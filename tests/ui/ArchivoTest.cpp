@@ -14,6 +14,7 @@
 #include <algorithm>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
 
 namespace {
@@ -52,9 +53,9 @@ protected:
         c.GuardarIndice();
     }
     static void ElegirArchivo(fArchivo& w, const QString& nombre) {
-        const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+        const auto e = Control<QListWidget>(&w, "File1")->findItems(nombre, Qt::MatchExactly);
         ASSERT_EQ(e.size(), 1) << nombre.toStdString();
-        w.File1->setCurrentItem(e.front());
+        Control<QListWidget>(&w, "File1")->setCurrentItem(e.front());
     }
     std::string Indice() { return Leer(dir / "Copias" / "Index.dat"); }
     static int Lineas(const std::string& texto) {
@@ -77,13 +78,13 @@ TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     Llamada(*registro, 2, 1);
     Llamada(*registro, 2, 2);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(0);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(0);
     w->Siguiente();
     w->Siguiente();
-    EXPECT_EQ(w->txtNombre->text(), "Copia000.CPR");
-    w->txtDescripcion->setText("Invierno");
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtNombre")->text(), "Copia000.CPR");
+    Control<QLineEdit>(w.get(), "txtDescripcion")->setText("Invierno");
     w->Siguiente();
-    w->cmdFinalizar->click();
+    Control<QPushButton>(w.get(), "cmdFinalizar")->click();
 
     EXPECT_EQ(w->result(), QDialog::Accepted);
     EXPECT_EQ(registro->Count(), 0);
@@ -98,14 +99,15 @@ TEST_F(ArchivoTest, ArchivarHastaElPeriodoCerradoYConservar) {
     Llamada(*registro, 2, 1);
     Llamada(*registro, 3, 17);
     auto w = Abrir();
-    EXPECT_EQ(w->lHasta->text(), "20/03/2026");
-    w->lAccion->setCurrentRow(0);
+    EXPECT_EQ(Control<QLabel>(w.get(), "lHasta")->text(), "20/03/2026");
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(0);
     w->Siguiente();
-    w->Option7->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
-    EXPECT_EQ(w->lHasta->text(), "15/02/2026");
+    Control<QRadioButton>(w.get(), "Option7")
+        ->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
+    EXPECT_EQ(Control<QLabel>(w.get(), "lHasta")->text(), "15/02/2026");
     w->Siguiente();
     w->Siguiente();
-    w->Option2->setChecked(true);
+    Control<QRadioButton>(w.get(), "Option2")->setChecked(true);
     w->Finalizar();
     EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia000.CPR")), 1);
     EXPECT_EQ(registro->Count(), 2);
@@ -117,16 +119,16 @@ TEST_F(ArchivoTest, RecuperarGuardandoAntesYCancelarDespues) {
     Llamada(*registro, 3, 2);
     CopiaPrevia("Copia000.CPR", 1);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(1);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(1);
     w->Siguiente();
     w->Siguiente();
-    EXPECT_EQ(w->txtNombre->text(), "Copia001.CPR");
-    w->txtDescripcion->setText("Marzo");
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtNombre")->text(), "Copia001.CPR");
+    Control<QLineEdit>(w.get(), "txtDescripcion")->setText("Marzo");
     w->Siguiente(); // guarda las llamadas actuales ya aqui
     EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia001.CPR")), 2);
     ElegirArchivo(*w, "Copia000.CPR");
-    EXPECT_EQ(w->txtDescripcion2->text(), "Enero");
-    w->cmdSalir->click();
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtDescripcion2")->text(), "Enero");
+    Control<QPushButton>(w.get(), "cmdSalir")->click();
 
     EXPECT_EQ(registro->Count(), 2);
     EXPECT_EQ(anfitrion->cambios, 0);
@@ -137,12 +139,14 @@ TEST_F(ArchivoTest, RecuperarSustituyendoAnadeLaCopiaAlRegistro) {
     Llamada(*registro, 3, 1);
     CopiaPrevia("Copia000.CPR", 2);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(1);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(1);
     w->Siguiente();
-    w->Option3->setChecked(true);
+    Control<QRadioButton>(w.get(), "Option3")->setChecked(true);
     w->Siguiente();
     ElegirArchivo(*w, "Copia000.CPR");
-    emit w->File1->itemDoubleClicked(w->File1->currentItem()); // como "&Finalizar"
+    emit Control<QListWidget>(w.get(), "File1")
+        ->itemDoubleClicked(
+            Control<QListWidget>(w.get(), "File1")->currentItem()); // como "&Finalizar"
     EXPECT_EQ(w->result(), QDialog::Accepted);
     // El registro no se vacia antes de leer: la copia se suma a lo que habia.
     EXPECT_EQ(registro->Count(), 3);
@@ -154,17 +158,17 @@ TEST_F(ArchivoTest, VerNoTocaElRegistro) {
     Llamada(*registro, 3, 1);
     CopiaPrevia("Copia000.CPR", 3);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(2);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(2);
     w->Siguiente();
     ElegirArchivo(*w, "Copia000.CPR");
     w->Siguiente();
-    ASSERT_EQ(w->Grid1->rowCount(), 3);
-    EXPECT_EQ(w->Grid1->item(0, 3)->text(), "12.5");
-    EXPECT_EQ(w->lPeriodo->text(), "10/01/2026 - 12/01/2026");
+    ASSERT_EQ(Control<QTableWidget>(w.get(), "Grid1")->rowCount(), 3);
+    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->item(0, 3)->text(), "12.5");
+    EXPECT_EQ(Control<QLabel>(w.get(), "lPeriodo")->text(), "10/01/2026 - 12/01/2026");
     // Atras y otra vez adelante: la lista no se duplica.
     w->Atras();
     w->Siguiente();
-    EXPECT_EQ(w->Grid1->rowCount(), 3);
+    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->rowCount(), 3);
     w->Finalizar();
     EXPECT_EQ(registro->Count(), 1);
     EXPECT_EQ(anfitrion->cambios, 0);
@@ -174,15 +178,17 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
     CopiaPrevia("Copia000.CPR", 1);
     for (bool cancelar : {true, false}) {
         auto w = Abrir();
-        w->lAccion->setCurrentRow(3);
+        Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(3);
         w->Siguiente();
         ElegirArchivo(*w, "Copia000.CPR");
         w->Siguiente();
-        EXPECT_TRUE(w->Option6->isChecked());
+        EXPECT_TRUE(Control<QRadioButton>(w.get(), "Option6")->isChecked());
         w->Finalizar(); // con "&No" no termina
         EXPECT_TRUE(fs::exists(dir / "Copias" / "Copia000.CPR"));
-        w->Option5->setChecked(true);
-        (cancelar ? w->cmdSalir : w->cmdFinalizar)->click();
+        Control<QRadioButton>(w.get(), "Option5")->setChecked(true);
+        (cancelar ? Control<QPushButton>(w.get(), "cmdSalir")
+                  : Control<QPushButton>(w.get(), "cmdFinalizar"))
+            ->click();
     }
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia000.CPR"));
     EXPECT_EQ(Lineas(Indice()), 2); // el nombre sigue en el indice
@@ -191,11 +197,11 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
 TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {
     Escribir(dir / "Copias" / "Roto.CPR", "esto no es una llamada\r\n");
     auto w = Abrir();
-    w->lAccion->setCurrentRow(2);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(2);
     w->Siguiente();
     ElegirArchivo(*w, "Roto.CPR");
     w->Siguiente();
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
     vistasEsperadas = 1;
-    EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 2 de 3");
+    EXPECT_EQ(Control<PanelLogo>(w.get(), "picLogo")->Logo().Caption(), "Paso 2 de 3");
 }

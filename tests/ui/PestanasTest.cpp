@@ -37,7 +37,7 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
 
     // A click marks a day (at the end); a second click on it removes it.
     for (QDate d : {QDate(2026, 3, 19), QDate(2026, 1, 6), QDate(2026, 1, 6)}) {
-        emit t.FestivosCal->clicked(d);
+        emit Control<QCalendarWidget>(&t, "FestivosCal")->clicked(d);
     }
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6)}));
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
@@ -45,13 +45,13 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
 
     // Copying takes only this year's holidays (the clock says 2026).
     v->Datos().RecalculoPendiente = false;
-    t.cmdCopiarAño->click();
+    Control<QPushButton>(&t, "cmdCopiarAño")->click();
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6),
                                                 F(2027, 3, 19), F(2027, 1, 6)}));
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2027, 3, 19)));
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
 
-    t.cmdBorrartodos->click();
+    Control<QPushButton>(&t, "cmdBorrartodos")->click();
     EXPECT_TRUE(Festivos(*v).empty());
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 3, 19)));
 }
@@ -140,8 +140,8 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     auto v = Abrir();
     Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
     TabTarifas& t = *Control<TabTarifas>(v.get(), "TabTarifas");
-    ASSERT_EQ(t.listTarifas->count(), 2);
-    t.optSabado->click();
+    ASSERT_EQ(Control<QListWidget>(&t, "listTarifas")->count(), 2);
+    Control<QRadioButton>(&t, "optSabado")->click();
     const auto celdas = [](QTableWidget* g) {
         QStringList l;
         for (int f = 0; f < g->rowCount(); ++f) {
@@ -151,17 +151,18 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
         }
         return l;
     };
-    EXPECT_EQ(celdas(t.gTarifas), (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
-    EXPECT_EQ(celdas(t.gConexion), (QStringList{"11.72", "00:03"}));
-    t.listTarifas->setCurrentRow(1); // a tariff with nothing written
-    EXPECT_EQ(celdas(t.gConexion)[0], "");
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gTarifas")),
+              (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gConexion")), (QStringList{"11.72", "00:03"}));
+    Control<QListWidget>(&t, "listTarifas")->setCurrentRow(1); // a tariff with nothing written
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gConexion"))[0], "");
 
     // The editor changes the file; showing the tab again reads it.
     libro.Delete(1);
     libro.Save();
     Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
     Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
-    EXPECT_EQ(t.listTarifas->count(), 1);
+    EXPECT_EQ(Control<QListWidget>(&t, "listTarifas")->count(), 1);
 
     // A missing editor is reported and raises nothing.
     RespuestasDialogo respuestas;
@@ -178,15 +179,15 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
     auto v = Abrir();
     TabConexiones& t = *Control<TabConexiones>(v.get(), "TabConexiones");
-    EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
-    EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
+    EXPECT_EQ(Control<QComboBox>(&t, "cmbTarifa")->currentText(), "Provincial");
+    EXPECT_EQ(Control<QComboBox>(&t, "cmbDescuento")->currentText(), "BonoNet");
 
-    t.listaConexiones2->setCurrentRow(1);
-    const int infovia = t.cmbTarifa->findText("Infovia");
-    t.cmbTarifa->setCurrentIndex(infovia);
-    emit t.cmbTarifa->activated(infovia);
-    t.cmbDescuento->setCurrentIndex(1);
-    emit t.cmbDescuento->activated(1);
+    Control<QListWidget>(&t, "listaConexiones2")->setCurrentRow(1);
+    const int infovia = Control<QComboBox>(&t, "cmbTarifa")->findText("Infovia");
+    Control<QComboBox>(&t, "cmbTarifa")->setCurrentIndex(infovia);
+    emit Control<QComboBox>(&t, "cmbTarifa")->activated(infovia);
+    Control<QComboBox>(&t, "cmbDescuento")->setCurrentIndex(1);
+    emit Control<QComboBox>(&t, "cmbDescuento")->activated(1);
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
               (EntradaConexion{"Trabajo", "Infovia", "BonoNet"}));
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[0].Tarifa, "Provincial");
@@ -201,24 +202,24 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EscribirAjustes(s);
     auto v = Abrir();
     TabOpciones& t = *Control<TabOpciones>(v.get(), "TabOpciones");
-    EXPECT_EQ(t.txtImporte->text(), "1.500");
-    EXPECT_EQ(t.tiempo1->text(), "01:15:00");
-    EXPECT_EQ(t.txtImpuestos->value(), 16);
+    EXPECT_EQ(Control<QLineEdit>(&t, "txtImporte")->text(), "1.500");
+    EXPECT_EQ(Control<EditorTiempo>(&t, "tiempo1")->text(), "01:15:00");
+    EXPECT_EQ(Control<QSpinBox>(&t, "txtImpuestos")->value(), 16);
     // Showing the settings changes none of them.
     EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 15.6F);
 
     QSignalSpy armados(&t, &TabOpciones::AvisoArmado);
-    t.Check3->click();
-    t.Check5->click();
-    t.Check1->click();
+    Control<QCheckBox>(&t, "Check3")->click();
+    Control<QCheckBox>(&t, "Check5")->click();
+    Control<QCheckBox>(&t, "Check1")->click();
     ASSERT_EQ(armados.count(), 2); // the time and the bundle alerts
     EXPECT_EQ(armados[1][0].toInt(), 2);
-    t.Check11->click();
-    t.txtImporte->clear();
-    QTest::keyClicks(t.txtImporte, "2.500");
+    Control<QCheckBox>(&t, "Check11")->click();
+    Control<QLineEdit>(&t, "txtImporte")->clear();
+    QTest::keyClicks(Control<QLineEdit>(&t, "txtImporte"), "2.500");
     EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500");
-    t.tiempo2->clear();
-    QTest::keyClicks(t.tiempo2, "05:30:00");
+    Control<EditorTiempo>(&t, "tiempo2")->clear();
+    QTest::keyClicks(Control<EditorTiempo>(&t, "tiempo2"), "05:30:00");
     EXPECT_EQ(v->Datos().Ajustes.BonoAviso.Valor(), "05:30:00");
 
     // What the window holds reaches the file at the end, and comes back
@@ -241,46 +242,46 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     };
 
     // Take-up: the dialog starts on today; a cancel adds nothing.
-    t.cmdAlta->click();
+    Control<QPushButton>(&t, "cmdAlta")->click();
     EXPECT_EQ(pedidos.at(0).first.Alta, F(2026, 3, 20));
     respuesta = BonoGuardado{3, F(2026, 3, 2), FechaVariante::Vacia(), "50:00:00"};
-    t.cmdAlta->click();
+    Control<QPushButton>(&t, "cmdAlta")->click();
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"};
-    t.cmdAlta->click();
-    ASSERT_EQ(t.gBono->rowCount(), 2);
-    EXPECT_EQ(t.lTipos[0]->text(), "1 bono(s), quedan 07:30:00");
+    Control<QPushButton>(&t, "cmdAlta")->click();
+    ASSERT_EQ(Control<QTableWidget>(&t, "gBono")->rowCount(), 2);
+    EXPECT_EQ(Control<QLabel>(&t, "lTipo0")->text(), "1 bono(s), quedan 07:30:00");
 
     // The summary shows the group chosen on tabBono.
     Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
     EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "07:30:00");
-    t.tabBono->setCurrentIndex(1);
+    Control<QTabWidget>(&t, "tabBono")->setCurrentIndex(1);
     EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "50:00:00");
 
     // Change the second bundle: it is given up.
-    t.gBono->selectRow(1);
+    Control<QTableWidget>(&t, "gBono")->selectRow(1);
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::De(F(2026, 3, 18)), "07:00:00"};
-    t.cmdModificar->click();
+    Control<QPushButton>(&t, "cmdModificar")->click();
     EXPECT_EQ(pedidos.back(),
               std::pair(BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"}, false));
-    EXPECT_EQ(t.gBono->item(1, 2)->text(), "18/03/2026");
+    EXPECT_EQ(Control<QTableWidget>(&t, "gBono")->item(1, 2)->text(), "18/03/2026");
 
     // Removing the first keeps the second as it was.
     RespuestasDialogo respuestas;
-    t.gBono->selectRow(0);
+    Control<QTableWidget>(&t, "gBono")->selectRow(0);
     respuestas.Responder(QMessageBox::Yes);
-    t.cmdEliminar->click();
+    Control<QPushButton>(&t, "cmdEliminar")->click();
     ASSERT_EQ(v->Datos().Bono.Count(), 1);
     EXPECT_EQ(v->Datos().Bono.tiempo(0), "07:00:00");
     respuestas.Responder(QMessageBox::No);
-    t.cmdLimpiar->click();
+    Control<QPushButton>(&t, "cmdLimpiar")->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 1);
     respuestas.Responder(QMessageBox::Yes);
-    t.cmdLimpiar->click();
+    Control<QPushButton>(&t, "cmdLimpiar")->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 0);
 
     // The interval choice reaches the ledger and the billing period.
-    t.cmbFac->setCurrentIndex(2);
-    emit t.cmbFac->activated(2);
+    Control<QComboBox>(&t, "cmbFac")->setCurrentIndex(2);
+    emit Control<QComboBox>(&t, "cmbFac")->activated(2);
     EXPECT_EQ(v->Datos().Bono.perFactura(), 2);
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
 }

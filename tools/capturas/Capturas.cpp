@@ -104,7 +104,7 @@ std::unique_ptr<QWidget> EditorConProblemas() {
 std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
                                    const std::function<void(fArchivo&)>& antes = {}) {
     auto w = std::make_unique<fArchivo>(*d.anfitrion, d.registro, d.bono, d.reloj, d.carpeta);
-    w->lAccion->setCurrentRow(accion);
+    w->findChild<QListWidget*>("lAccion")->setCurrentRow(accion);
     for (int i = 0; i < pasos; ++i) {
         if (i == pasos - 1 && antes) {
             antes(*w);
@@ -115,9 +115,10 @@ std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
 }
 
 void ElegirCopia(fArchivo& w, const char* nombre) {
-    const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+    auto* File1 = w.findChild<QListWidget*>("File1");
+    const auto e = File1->findItems(nombre, Qt::MatchExactly);
     if (!e.isEmpty()) {
-        w.File1->setCurrentItem(e.front());
+        File1->setCurrentItem(e.front());
     }
 }
 
@@ -168,7 +169,9 @@ std::vector<Captura> Capturas() {
         {"archivo-recuperar-modo", [](Datos& d) { return Asistente(d, 1, 1); }},
         {"archivo-recuperar-lista",
          [](Datos& d) {
-             auto w = Asistente(d, 1, 2, [](fArchivo& a) { a.Option3->setChecked(true); });
+             auto w = Asistente(d, 1, 2, [](fArchivo& a) {
+                 a.findChild<QRadioButton*>("Option3")->setChecked(true);
+             });
              ElegirCopia(static_cast<fArchivo&>(*w), "Copia001.CPR");
              return w;
          }},
