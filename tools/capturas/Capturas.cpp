@@ -94,10 +94,13 @@ std::unique_ptr<fPelmorad> Editor(int tarifa) {
 // a Saturday with hours left out and overlapping.
 std::unique_ptr<QWidget> EditorConProblemas() {
     auto v = Editor(2);
-    v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
-    emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
-    v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
-    v->panel->tablas[1]->tmeFin[1]->setTime(QTime(9, 0));
+    auto* semana = v->findChild<QWidget*>("tablas_0");
+    auto* sabado = v->findChild<QWidget*>("tablas_1");
+    auto* precio = semana->findChild<QLineEdit*>("txtPrecio_1");
+    precio->setText("5,94");
+    emit precio->textEdited("5,94");
+    sabado->findChild<QTimeEdit*>("tmeInicio_1")->setTime(QTime(16, 0));
+    sabado->findChild<QTimeEdit*>("tmeFin_1")->setTime(QTime(9, 0));
     return v;
 }
 
@@ -124,11 +127,11 @@ void ElegirCopia(fArchivo& w, const char* nombre) {
 
 std::unique_ptr<QWidget> Grafico(Datos& d, int vista, int tipo, int dato, int mes = -1) {
     auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
-    g->Option1[vista]->click();
-    g->cmbTipoGraf->setCurrentIndex(tipo);
-    g->cmbTipoDato->setCurrentIndex(dato);
+    g->findChild<QRadioButton*>(QString("Option1_%1").arg(vista))->click();
+    g->findChild<QComboBox*>("cmbTipoGraf")->setCurrentIndex(tipo);
+    g->findChild<QComboBox*>("cmbTipoDato")->setCurrentIndex(dato);
     if (mes >= 0) {
-        g->Combo1->setCurrentIndex(mes);
+        g->findChild<QComboBox*>("Combo1")->setCurrentIndex(mes);
     }
     return g;
 }
