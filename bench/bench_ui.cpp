@@ -63,7 +63,7 @@ void BM_AbrirVentana(benchmark::State& estado) {
     for (auto _ : estado) {
         auto v = Ventana(plataforma);
         v->Cargar();
-        v->SSTab1->setCurrentIndex(fMain::kRegistro);
+        v->findChild<QTabWidget*>("SSTab1")->setCurrentIndex(fMain::kRegistro);
         v->show();
         v->repaint();
         QApplication::processEvents();
@@ -82,13 +82,13 @@ void BM_RellenaGrid(benchmark::State& estado) {
     plataforma.sistema->modems = {{"ttyS0", "Modem", CarpetaLlena() / "modemlog.txt"}};
     auto v = Ventana(plataforma);
     v->Cargar();
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    v->findChild<QTabWidget*>("SSTab1")->setCurrentIndex(fMain::kRegistro);
     v->show();
     QApplication::processEvents();
     const CriteriosFiltro todas;
     for (auto _ : estado) {
         v->RellenaGrid(todas);
-        v->tabRegistro->Grid1->viewport()->repaint();
+        v->findChild<QTableView*>("Grid1")->viewport()->repaint();
         benchmark::DoNotOptimize(v->UltimoListado().TotalCoste);
     }
     estado.counters["llamadas"] = v->UltimoListado().NumeroLlamadas;

@@ -3,6 +3,7 @@
 #include "AjustesCli.h"
 #include "ArgumentosCli.h"
 #include "Ordenes.h"
+#include "core/Reloj.h"
 #include "tariff/cBono.h"
 #include "tariff/cLlamada.h"
 
@@ -22,18 +23,6 @@ struct OpcionesCalcular {
     bool bono = false;
     bool json = false;
 };
-
-// What pricing takes from the settings file "Varibles.Dat": its holidays and
-// its BonoNet ledger. A damaged file stops the command here.
-struct AjustesCalculo {
-    std::vector<Fecha> festivos;
-    cBono bono;
-};
-
-AjustesCalculo LeerAjustesCalculo(const std::filesystem::path& carpeta) {
-    AjustesDatos ajustes = LeerAjustes(carpeta);
-    return {std::move(ajustes.festivos), std::move(ajustes.bono)};
-}
 
 const char* NombreFranja(std::int16_t franja) {
     switch (franja) {
@@ -81,18 +70,23 @@ int Calcular(ContextoCli& contexto, const OpcionesCalcular& op, std::ostream& sa
         throw ErrorOrden("El fin de la llamada (" + fin.TextoCorto() +
                          ") es anterior a su inicio (" + inicio.TextoCorto() + ").");
     }
-    AjustesCalculo ajustes = LeerAjustesCalculo(contexto.Carpeta());
+    // Pricing takes the holidays and the BonoNet ledger of the settings file;
+    // a damaged file stops the command here.
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    std::vector<Fecha> festivos = sesion.Festivos();
     for (const std::string& f : op.festivos) {
-        ajustes.festivos.push_back(LeerFechaHora(f).SoloFecha());
+        festivos.push_back(LeerFechaHora(f).SoloFecha());
     }
     cLlamada libro(contexto.Carpeta());
-    libro.Festivos(ajustes.festivos);
+    libro.Festivos(festivos);
     libro.Load();
     if (libro.Find(op.tarifa) < 0) {
         throw ErrorOrden("La tarifa \"" + op.tarifa + "\" no esta en el libro de tarifas (" +
                          libro.Ruta().string() + ").");
     }
-    libro.Datos(inicio, fin, op.bono ? &ajustes.bono : nullptr, op.tarifa);
+    libro.Datos(inicio, fin, op.bono ? &sesion.Bono() : nullptr, op.tarifa);
     if (op.json) {
         Json(salida, libro);
     } else {

@@ -110,17 +110,20 @@ nlohmann::ordered_json Json(const ComparacionTarifas& c, const PeriodoFacturacio
 }
 
 int Comparar(ContextoCli& contexto, const OpcionesComparar& op, std::ostream& salida) {
-    const AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
-    Log log(contexto.Carpeta());
-    log.CargarLog();
-    const PeriodoFacturacion p = Intervalo(op, log, ajustes.bono);
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    sesion.CargarRegistro();
+    const Log& log = sesion.Registro();
+    const cBono& bono = sesion.Bono();
+    const PeriodoFacturacion p = Intervalo(op, log, bono);
     cLlamada calendario(contexto.Carpeta());
-    calendario.Festivos(ajustes.festivos);
+    calendario.Festivos(sesion.Festivos());
     const Listado listado = ListarRegistro(
         log, CriteriosFiltro::Periodo(p.inicio, p.fin),
         [&calendario](Fecha dia) { return calendario.TipoDia(dia); }, {}, p.fin);
     const ComparacionTarifas c =
-        CompararTarifas(log, listado.indices, contexto.Carpeta(), ajustes.bono, ajustes.festivos);
+        CompararTarifas(log, listado.indices, contexto.Carpeta(), bono, sesion.Festivos());
     if (op.json) {
         salida << Json(c, p).dump() << "\n";
     } else {

@@ -6,6 +6,7 @@
 #include "OrdenesRegistro.h"
 #include "core/Archivo.h"
 #include "core/CerrojoArchivo.h"
+#include "core/Reloj.h"
 #include "register/Log.h"
 #include "tariff/colConexion.h"
 
@@ -85,9 +86,11 @@ void Informar(std::ostream& o, const OpcionesLeerLog& op, bool resultado, int a�
 }
 
 int LeerLog(ContextoCli& contexto, const OpcionesLeerLog& op, std::ostream& salida) {
-    AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
-    Log log(contexto.Carpeta());
-    log.CargarLog();
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    sesion.CargarRegistro();
+    Log& log = sesion.Registro();
     log.NombreLog(op.log);
     colConexion pendientes;
     for (const std::string& texto : op.pendientes) {
@@ -96,16 +99,16 @@ int LeerLog(ContextoCli& contexto, const OpcionesLeerLog& op, std::ostream& sali
     }
     const std::string leido = ExisteArchivo(op.log) ? LeerArchivo(op.log) : std::string();
     const int antes = log.Count();
-    const bool resultado = log.AñadirLog(ajustes.bono, ajustes.festivos, pendientes);
+    const bool resultado = log.AñadirLog(sesion.Bono(), sesion.Festivos(), pendientes);
     try {
-        log.SalvarLog();
+        sesion.LlamadasAnotadas();
     } catch (const Error&) {
         if (resultado) {
             DevolverModemLog(op.log, leido);
         }
         throw;
     }
-    GuardarBonoSiCambio(ajustes);
+    sesion.GuardarBonoSiCambio();
     Informar(salida, op, resultado, log.Count() - antes);
     return kSalidaBien;
 }

@@ -83,14 +83,17 @@ void Imprimir(std::ostream& salida, const PrevisionPeriodo& p) {
 }
 
 int Prevision(ContextoCli& contexto, const OpcionesPrevision& op, std::ostream& salida) {
-    const AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
-    Log log(contexto.Carpeta());
-    log.CargarLog();
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    sesion.CargarRegistro();
+    const Log& log = sesion.Registro();
+    const cBono& bono = sesion.Bono();
     const Fecha hoy = op.hoy ? LeerFechaHora(*op.hoy).SoloFecha() : RelojSistema().Hoy();
     DatosPrevision datos;
-    datos.DiaFactura = ajustes.bono.DiaFactura();
-    datos.perFactura = ajustes.bono.perFactura();
-    datos.Coste = {ajustes.valores.AnadirImpuestos, ajustes.valores.Impuestos};
+    datos.DiaFactura = bono.DiaFactura();
+    datos.perFactura = bono.perFactura();
+    datos.Coste = {sesion.Ajustes().AnadirImpuestos, sesion.Ajustes().Impuestos};
     datos.Presupuesto = Presupuesto(contexto.Carpeta());
     const PrevisionPeriodo p = Prever(log, datos, hoy);
     if (op.json) {

@@ -3,6 +3,7 @@
 
 #include "AjustesCli.h"
 #include "OrdenesRegistro.h"
+#include "core/Reloj.h"
 #include "register/Log.h"
 
 #include <memory>
@@ -13,12 +14,13 @@ namespace vorimesk::cli {
 namespace {
 
 int Recalcular(ContextoCli& contexto, bool json, std::ostream& salida, std::ostream& errores) {
-    AjustesDatos ajustes = LeerAjustes(contexto.Carpeta());
-    Log log(contexto.Carpeta());
-    log.CargarLog();
-    const RecalculoLog r = log.ModificarLog(ajustes.bono, ajustes.festivos);
-    log.SalvarLog();
-    GuardarBonoSiCambio(ajustes);
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    sesion.CargarRegistro();
+    const RecalculoLog r = sesion.Recalcular();
+    sesion.GuardarBonoSiCambio();
+    const Log& log = sesion.Registro();
     if (r.LlamadasSinTarifa > 0) {
         errores << AvisoTarifasDesconocidas(r) << "\n";
     }

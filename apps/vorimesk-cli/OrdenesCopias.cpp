@@ -2,6 +2,7 @@
 #include "VistaLlamadas.h"
 #include "core/Reloj.h"
 #include "register/Copias.h"
+#include "session/Sesion.h"
 
 #include <memory>
 #include <ostream>
@@ -67,8 +68,10 @@ std::pair<Fecha, Fecha> TodosLosDatos(const Log& log) {
 }
 
 int Archivar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& salida) {
-    Log log(aplicacion.Contexto().Carpeta());
-    log.CargarLog();
+    const RelojSistema reloj;
+    Sesion sesion(aplicacion.Contexto().Carpeta(), reloj);
+    sesion.CargarRegistro();
+    Log& log = sesion.Registro();
     Copias copias = AbrirCopias(aplicacion, o);
     auto [desde, hasta] = TodosLosDatos(log);
     if (!o.desde.empty()) {
@@ -86,7 +89,7 @@ int Archivar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& s
     const bool escrita = copias.Archivar(log, nombre, o.descripcion, desde, hasta, o.borrar);
     copias.GuardarIndice();
     if (o.borrar && escrita) {
-        log.SalvarLog();
+        sesion.RegistroCambiado();
     }
     if (o.json) {
         salida << nlohmann::json{{"nombre", nombre},
@@ -108,8 +111,10 @@ int Archivar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& s
 }
 
 int Recuperar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& salida) {
-    Log log(aplicacion.Contexto().Carpeta());
-    log.CargarLog();
+    const RelojSistema reloj;
+    Sesion sesion(aplicacion.Contexto().Carpeta(), reloj);
+    sesion.CargarRegistro();
+    Log& log = sesion.Registro();
     Copias copias = AbrirCopias(aplicacion, o);
     std::string guardadas;
     if (o.guardarAntes) {
@@ -133,7 +138,7 @@ int Recuperar(AplicacionCli& aplicacion, const OpcionesCopias& o, std::ostream& 
         log.AñadirItem(archivadas.Registro(i));
     }
     const int recuperadas = log.Count() - antes;
-    log.SalvarLog();
+    sesion.RegistroCambiado();
     if (o.json) {
         nlohmann::json j{{"recuperadas", recuperadas}, {"llamadas", log.Count()}};
         if (!guardadas.empty()) {

@@ -4,8 +4,6 @@
 #include "ArgumentosCli.h"
 #include "monitor/EntradasConexion.h"
 #include "platform/LineasModemLog.h"
-#include "settings/ArchivoVariables.h"
-#include "tariff/AjustesTarifa.h"
 
 namespace vorimesk::cli {
 namespace {
@@ -21,12 +19,10 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
     : carpeta_(std::move(carpeta)), simulada_(o.guion.has_value()), observador_(observador),
       relojSimulado_(Comienzo(o)),
       reloj_(simulada_ ? static_cast<const Reloj*>(&relojSimulado_) : &relojSistema_),
-      bono_(*reloj_), log_(carpeta_), registro_(log_) {
+      sesion_(carpeta_, *reloj_) {
     // A damaged settings file stops the meter: it is never rewritten from
     // defaults.
-    ajustes_ = LeerAjustes(carpeta_).valores;
-    CargarBono(ajustes_, bono_);
-    CargarConexiones(ajustes_, pendientes_);
+    LeerAjustes(sesion_);
 
     OpcionesPlataforma op;
     op.carpetaDatos = carpeta_;
@@ -35,15 +31,16 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
         op.guion = *o.guion;
     }
     plataforma_ = CrearPlataforma(op);
-    AñadirEntradasNuevas(ajustes_, plataforma_.entradas->Entradas());
+    AñadirEntradasNuevas(sesion_.Ajustes(), plataforma_.entradas->Entradas());
     rutaModemLog_ = RutaLogModem();
 }
 
 void Vigilancia::Iniciar() {
-    log_.NombreLog(rutaModemLog_);
-    log_.CargarLog();
-    linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
-    monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
+    sesion_.Registro().NombreLog(rutaModemLog_);
+    sesion_.CargarRegistro();
+    linea_ = std::make_unique<LineaPlataforma>(*plataforma_.marcador);
+    monitor_ = std::make_unique<MonitorConexion>(*reloj_, sesion_.Ajustes(), sesion_.Bono(),
+                                                 sesion_.Pendientes(), sesion_.RegistroDelMonitor(),
                                                  *linea_, carpeta_);
     observador_.Comienzo({reloj_->Ahora(), carpeta_, rutaModemLog_, simulada_});
     TomarSesionesDelSistema();
@@ -51,10 +48,9 @@ void Vigilancia::Iniciar() {
 
 // Calls made while the meter was closed, told as the monitor tells its own.
 void Vigilancia::TomarSesionesDelSistema() {
-    registro_.UsarSesiones(ajustes_, plataforma_.sesiones);
-    const TomaSesiones::Resultado toma = registro_.TomarSesiones(bono_, pendientes_);
+    const TomaSesiones::Resultado toma = sesion_.TomarSesionesDelSistema(plataforma_.sesiones);
     const LecturaConexion sinLectura{};
-    const MomentoVigilancia momento{reloj_->Ahora(), sinLectura, *monitor_, log_};
+    const MomentoVigilancia momento{reloj_->Ahora(), sinLectura, *monitor_, sesion_.Registro()};
     if (toma.Añadidas > 0) {
         SucesoMonitor s{SucesoMonitor::Tipo::LlamadasAnotadas, {}};
         s.llamadas = toma.Añadidas;
@@ -90,19 +86,19 @@ void Vigilancia::Paso() {
     fuente.Actualizar();
     const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName(),
                                   fuente.Aviso()};
-    const MomentoVigilancia momento{reloj_->Ahora(), lectura, *monitor_, log_};
+    const MomentoVigilancia momento{reloj_->Ahora(), lectura, *monitor_, sesion_.Registro()};
     observador_.Lectura(momento);
     for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
+        if (s.tipo == SucesoMonitor::Tipo::LlamadaIniciada) {
+            sesion_.PendienteAñadido();
+        }
         observador_.Suceso(s, momento);
     }
     observador_.Tick(momento);
 }
 
 void Vigilancia::Guardar() {
-    log_.SalvarLog();
-    GuardarBono(bono_, ajustes_);
-    GuardarConexiones(pendientes_, ajustes_);
-    GuardarVariables(carpeta_ / Settings::kNombreArchivo, ajustes_);
+    sesion_.Guardar();
 }
 
 } // namespace vorimesk::cli

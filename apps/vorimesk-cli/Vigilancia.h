@@ -1,14 +1,14 @@
 #pragma once
-// The headless meter of `vigilar`: the settings, the register, the platform
-// and the monitor, put together over one data folder. The caller drives it
-// one tick per second of meter time and saves at the end.
+// The headless meter of `vigilar`: the user's session (settings, ledger,
+// pending list, register), the platform and the monitor, put together over
+// one data folder. The caller drives it one tick per second of meter time and
+// saves at the end; when files are written is the session's rule.
 
-#include "LineaMarcador.h"
 #include "ObservadorVigilancia.h"
 #include "monitor/MonitorConexion.h"
-#include "monitor/RegistroLog.h"
+#include "platform/LineaPlataforma.h"
 #include "platform/Plataforma.h"
-#include "register/Log.h"
+#include "session/Sesion.h"
 
 #include <filesystem>
 #include <memory>
@@ -43,7 +43,7 @@ public:
     // Time of the scripted modem moves on by one second.
     void Avanzar();
     bool Simulada() const { return simulada_; }
-    // Writes the register and the settings file.
+    // The normal end: the session writes what it keeps until the exit.
     void Guardar();
 
     const std::string& RutaModemLog() const { return rutaModemLog_; }
@@ -60,14 +60,10 @@ private:
     RelojFijo relojSimulado_;
     const Reloj* reloj_;
 
-    Settings ajustes_;
-    cBono bono_;
-    colConexion pendientes_;
+    Sesion sesion_;
     Plataforma plataforma_;
     std::string rutaModemLog_;
-    Log log_;
-    RegistroLog registro_;
-    std::unique_ptr<LineaMarcador> linea_;
+    std::unique_ptr<LineaPlataforma> linea_;
     std::unique_ptr<MonitorConexion> monitor_;
 };
 

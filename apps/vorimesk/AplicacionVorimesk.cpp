@@ -1,7 +1,7 @@
 #include "AplicacionVorimesk.h"
 
 #include "core/Errores.h"
-#include "ui/Avisos.h"
+#include "ui/Mensajes.h"
 #include "ui/TraduccionQt.h"
 
 namespace vorimesk {

@@ -10,7 +10,7 @@
 #include "platform/Plataforma.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Arranque.h"
-#include "ui/Avisos.h"
+#include "ui/Mensajes.h"
 #include "ui/NotificacionAviso.h"
 #include "ui/PuertaInstancia.h"
 #include "ui/SenalesTerminar.h"

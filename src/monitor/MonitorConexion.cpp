@@ -28,7 +28,7 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
     const int estado = lectura.IntState;
     switch (estado) {
     case LecturaConexion::kNada:
-        p.EstadoPantalla = 4;
+        p.EstadoPantalla = EstadoDePantalla::SinConexion;
         p.ColorIndicador = kColorRojoClaro;
         p.EtiquetasLlamada = false;
         p.ListaConexiones = true;
@@ -36,7 +36,8 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
         break;
     case LecturaConexion::kConectando:
     case LecturaConexion::kConectado:
-        p.EstadoPantalla = estado == LecturaConexion::kConectado ? 2 : 1;
+        p.EstadoPantalla = estado == LecturaConexion::kConectado ? EstadoDePantalla::Conectado
+                                                                 : EstadoDePantalla::Conectando;
         p.ColorIndicador =
             estado == LecturaConexion::kConectado ? kColorVerdeClaro : kColorAmarillo;
         p.EtiquetasLlamada = true;
@@ -46,7 +47,7 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
         break;
     case LecturaConexion::kDesconectado:
         p.ColorIndicador = kColorRojoClaro;
-        if (p.EstadoPantalla != 4) {
+        if (p.EstadoPantalla != EstadoDePantalla::SinConexion) {
             p.EtiquetasLlamada = false;
             p.ListaConexiones = true;
         }
@@ -121,7 +122,7 @@ MonitorConexion::Sucesos MonitorConexion::Pulsar(const std::string& entradaElegi
         return s; // already pressed: its value does not change
     }
     pantalla_.BotonConexion = true;
-    if (pantalla_.EstadoPantalla == 4 && !entradaElegida.empty()) {
+    if (pantalla_.EstadoPantalla == EstadoDePantalla::SinConexion && !entradaElegida.empty()) {
         linea_.Marcar(entradaElegida);
     }
     if (enganche_ == 0) {

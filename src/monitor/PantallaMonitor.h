@@ -12,9 +12,21 @@ namespace vorimesk {
 inline constexpr const char* kTituloVentana = "Vorimesk";
 inline constexpr const char* kDesconectado = "  Desconectado.";
 
+// What the status area shows; the values are the screen's own state codes.
+enum class EstadoDePantalla : std::int16_t {
+    Inicio = 0,      // before the first tick
+    Conectando = 1,  // dialling, and after a failed dial until the link goes
+    Conectado = 2,   // a link is up (also after it ends, until the next one)
+    SinConexion = 4, // nothing dialled
+};
+
+// The code of a state, as the screen numbers it.
+constexpr int Codigo(EstadoDePantalla estado) {
+    return static_cast<int>(estado);
+}
+
 struct PantallaMonitor {
-    // 0 before the first tick, 1 connecting, 2 connected, 4 no connection.
-    std::int16_t EstadoPantalla = 0;
+    EstadoDePantalla EstadoPantalla = EstadoDePantalla::Inicio;
     // The status lamp, and the mini window's shEstado.
     int ColorIndicador = kColorRojoClaro;
     // Label25, Label28, lConectado, lTarifa2 and lMsgEstado.

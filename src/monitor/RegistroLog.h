@@ -14,7 +14,7 @@
 
 namespace vorimesk {
 
-class RegistroLog final : public RegistroMonitor {
+class RegistroLog : public RegistroMonitor {
 public:
     explicit RegistroLog(Log& log) : log_(log) {}
     // From now on the calls come from `sesiones`, priced with the entry

@@ -45,15 +45,15 @@ std::optional<RegistroLlamada> LectorModemLog::Linea(std::string_view linea) {
     } else if (Tiene(linea, kModemConectado)) {
         Conectado(linea);
     } else if (Tiene(linea, kModemLeidos)) {
-        Sumar(4);
+        Sumar(kPesoLeidos);
         recibidos_ = NumeroTras(linea, kModemLeidos);
     } else if (Tiene(linea, kModemEscritos)) {
-        Sumar(8);
+        Sumar(kPesoEscritos);
         enviados_ = NumeroTras(linea, kModemEscritos);
     } else if (Tiene(linea, kModemCerrado)) {
         Cerrado(linea);
     }
-    if (contador_ >= 31) {
+    if (LlamadaCompleta()) {
         RegistroLlamada llamada = Llamada();
         if (bonoSesion_) {
             bono_.Copiar(*bonoSesion_);
@@ -75,7 +75,7 @@ void LectorModemLog::Sumar(std::int16_t peso) {
 // A new session: everything of the last one goes but its connection name,
 // which only a pending connection found for this one replaces.
 void LectorModemLog::EnUso(std::string_view linea) {
-    contador_ = 1;
+    contador_ = kPesoEnUso;
     inicio_.reset();
     precio_.reset();
     bonoSesion_.reset();
@@ -91,7 +91,7 @@ void LectorModemLog::EnUso(std::string_view linea) {
 }
 
 void LectorModemLog::Conectado(std::string_view linea) {
-    Sumar(2);
+    Sumar(kPesoConectado);
     inicio_ = FechaHoraDeLinea(linea);
     if (mesFactura_ == 0 && bono_.DiaFactura() > inicio_->Dia()) {
         mesFactura_ = static_cast<std::uint8_t>(inicio_->Mes());
@@ -99,7 +99,7 @@ void LectorModemLog::Conectado(std::string_view linea) {
 }
 
 void LectorModemLog::Cerrado(std::string_view linea) {
-    Sumar(16);
+    Sumar(kPesoCerrado);
     if (!inicio_) {
         return;
     }

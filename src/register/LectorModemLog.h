@@ -37,7 +37,25 @@ public:
     // its call is first appended: a session that yields no call draws
     // nothing.
     std::optional<RegistroLlamada> Linea(std::string_view linea);
-    std::int16_t Contador() const { return contador_; }
+
+    // Each kind of line of a session adds its weight to a counter that an
+    // "in use" line sets back to 1; what the counter has reached says how
+    // much of the session was read.
+    static constexpr std::int16_t kPesoEnUso = 1, kPesoConectado = 2, kPesoLeidos = 4,
+                                  kPesoEscritos = 8, kPesoCerrado = 16;
+    // Every line of the session read: its call is appended (again on each
+    // further line, until the next "in use").
+    bool LlamadaCompleta() const {
+        return contador_ >=
+               kPesoEnUso + kPesoConectado + kPesoLeidos + kPesoEscritos + kPesoCerrado;
+    }
+    // The last session has every line but perhaps its "in use": the calls of
+    // this run are kept.
+    bool SesionTerminada() const {
+        return contador_ >= kPesoConectado + kPesoLeidos + kPesoEscritos + kPesoCerrado;
+    }
+    // The last session got as far as "closed": the log has been used up.
+    bool SesionCerrada() const { return contador_ >= kPesoCerrado; }
 
 private:
     // What pricing left for the session's call.

@@ -212,10 +212,10 @@ bool Log::LeerModemLog(cBono& bono, const std::vector<Fecha>& festivos,
     }
     // The last session is unfinished: its calls come in a later run, which
     // reads the whole log again.
-    if (lector.Contador() < 30) {
+    if (!lector.SesionTerminada()) {
         deshacer();
     }
-    return lector.Contador() >= 16;
+    return lector.SesionCerrada();
 }
 
 bool Log::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos, colConexion& pendientes) {

@@ -20,37 +20,38 @@ void SinHerramienta(QAction* boton, const HerramientaEscritorio& herramienta, co
 BarraPrincipal::BarraPrincipal(QWidget* padre) : QToolBar("Herramientas", padre) {
     setObjectName("Toolbar1");
     setMovable(false);
-    Añadir(kSalir, IconoDeBarra(IconoBarra::Salir), "Salir de la aplicacion");
-    botones_[2] = addSeparator();
-    Añadir(kFijar, IconoDeBarra(IconoBarra::Fijar), "Fijar siempre visible");
-    botones_[4] = addSeparator();
-    Añadir(kMini, IconoDeBarra(IconoBarra::MiniVentana), "Mini Ventana");
-    Añadir(kConfigurar, IconoDeBarra(IconoBarra::Configurar), "Configurar");
-    Añadir(kImprimir, IconoDeBarra(IconoBarra::Imprimir), "Imprimir");
-    Añadir(kArchivar, IconoDeBarra(IconoBarra::Archivar), "Archivar");
-    Añadir(kGrafico, IconoDeBarra(IconoBarra::Grafico), "Grafico");
-    botones_[10] = addSeparator();
-    Añadir(kCalculadora, IconoDeBarra(IconoBarra::Calculadora), "Calculadora");
-    Añadir(kCalendario, IconoDeBarra(IconoBarra::Calendario), "Calendario");
-    botones_[13] = addSeparator();
-    Añadir(kInformacion, IconoDeBarra(IconoBarra::Informacion), "Informacion del programa");
-    Añadir(kAyuda, IconoDeBarra(IconoBarra::Ayuda), "Ayuda");
+    salir_ = Añadir("accSalir", IconoDeBarra(IconoBarra::Salir), "Salir de la aplicacion");
+    addSeparator();
+    fijar_ = Añadir("accFijar", IconoDeBarra(IconoBarra::Fijar), "Fijar siempre visible");
+    addSeparator();
+    mini_ = Añadir("accMini", IconoDeBarra(IconoBarra::MiniVentana), "Mini Ventana");
+    configurar_ = Añadir("accConfigurar", IconoDeBarra(IconoBarra::Configurar), "Configurar");
+    imprimir_ = Añadir("accImprimir", IconoDeBarra(IconoBarra::Imprimir), "Imprimir");
+    archivar_ = Añadir("accArchivar", IconoDeBarra(IconoBarra::Archivar), "Archivar");
+    grafico_ = Añadir("accGrafico", IconoDeBarra(IconoBarra::Grafico), "Grafico");
+    addSeparator();
+    calculadora_ = Añadir("accCalculadora", IconoDeBarra(IconoBarra::Calculadora), "Calculadora");
+    calendario_ = Añadir("accCalendario", IconoDeBarra(IconoBarra::Calendario), "Calendario");
+    addSeparator();
+    informacion_ =
+        Añadir("accInformacion", IconoDeBarra(IconoBarra::Informacion), "Informacion del programa");
+    ayuda_ = Añadir("accAyuda", IconoDeBarra(IconoBarra::Ayuda), "Ayuda");
 
-    Boton(kSalir)->setShortcut(QKeySequence("Ctrl+Q"));
-    Boton(kFijar)->setCheckable(true);
-    Boton(kImprimir)->setShortcut(QKeySequence::Print);
-    Boton(kAyuda)->setShortcut(QKeySequence::HelpContents);
-    SinHerramienta(Boton(kConfigurar), herramientas::ConfiguracionRegional(),
+    salir_->setShortcut(QKeySequence("Ctrl+Q"));
+    fijar_->setCheckable(true);
+    imprimir_->setShortcut(QKeySequence::Print);
+    ayuda_->setShortcut(QKeySequence::HelpContents);
+    SinHerramienta(configurar_, herramientas::ConfiguracionRegional(),
                    "la configuracion regional del escritorio");
-    SinHerramienta(Boton(kCalculadora), herramientas::Calculadora(), "ninguna calculadora");
-    SinHerramienta(Boton(kCalendario), herramientas::Calendario(), "ningun calendario");
+    SinHerramienta(calculadora_, herramientas::Calculadora(), "ninguna calculadora");
+    SinHerramienta(calendario_, herramientas::Calendario(), "ningun calendario");
 }
 
-void BarraPrincipal::Añadir(int indice, const QIcon& icono, const QString& punta) {
+QAction* BarraPrincipal::Añadir(const char* nombre, const QIcon& icono, const QString& punta) {
     QAction* boton = addAction(icono, punta);
+    boton->setObjectName(nombre);
     boton->setToolTip(punta);
-    connect(boton, &QAction::triggered, this, [this, indice] { emit Pulsado(indice); });
-    botones_[static_cast<std::size_t>(indice)] = boton;
+    return boton;
 }
 
 } // namespace vorimesk

@@ -1,12 +1,11 @@
 #pragma once
 // The main window's toolbar Toolbar1. Its buttons keep their places (1 to
-// 15; 2, 4, 10 and 13 are separators) so the window refers to them by
-// index; button 3 is the check-style "Fijar siempre visible". The buttons
-// that start a desktop tool are disabled, with a note why, when the desktop
-// has none.
+// 15; 2, 4, 10 and 13 are separators), each a named action the window
+// connects to; button 3 is the check-style "Fijar siempre visible". The
+// buttons that start a desktop tool are disabled, with a note why, when the
+// desktop has none.
 
 #include <QToolBar>
-#include <array>
 
 class QAction;
 
@@ -15,21 +14,34 @@ namespace vorimesk {
 class BarraPrincipal : public QToolBar {
     Q_OBJECT
 public:
-    static constexpr int kSalir = 1, kFijar = 3, kMini = 5, kConfigurar = 6, kImprimir = 7,
-                         kArchivar = 8, kGrafico = 9, kCalculadora = 11, kCalendario = 12,
-                         kInformacion = 14, kAyuda = 15;
-
     explicit BarraPrincipal(QWidget* padre = nullptr);
 
-    QAction* Boton(int indice) const { return botones_[static_cast<std::size_t>(indice)]; }
-
-signals:
-    // Clicked: the index of the button.
-    void Pulsado(int indice);
+    QAction* accSalir() const { return salir_; }
+    QAction* accFijar() const { return fijar_; }
+    QAction* accMini() const { return mini_; }
+    QAction* accConfigurar() const { return configurar_; }
+    QAction* accImprimir() const { return imprimir_; }
+    QAction* accArchivar() const { return archivar_; }
+    QAction* accGrafico() const { return grafico_; }
+    QAction* accCalculadora() const { return calculadora_; }
+    QAction* accCalendario() const { return calendario_; }
+    QAction* accInformacion() const { return informacion_; }
+    QAction* accAyuda() const { return ayuda_; }
 
 private:
-    void Añadir(int indice, const QIcon& icono, const QString& punta);
-    std::array<QAction*, 16> botones_{};
+    QAction* Añadir(const char* nombre, const QIcon& icono, const QString& punta);
+
+    QAction* salir_;
+    QAction* fijar_;
+    QAction* mini_;
+    QAction* configurar_;
+    QAction* imprimir_;
+    QAction* archivar_;
+    QAction* grafico_;
+    QAction* calculadora_;
+    QAction* calendario_;
+    QAction* informacion_;
+    QAction* ayuda_;
 };
 
 } // namespace vorimesk

@@ -1,13 +1,20 @@
 #pragma once
-// Message boxes with their buttons in Spanish whatever translations Qt finds,
-// titled with the window they belong to.
+// Every message box of the program, in one place: Spanish button captions
+// whatever translations Qt finds, the main window's boxes with their exact
+// texts, and the failure box that Proteger shows at every window's event
+// boundary. Each box is a real QMessageBox run modally, so tests answer it
+// as a user would (RespuestasDialogo).
 
 #include <QMessageBox>
 #include <QString>
+#include <memory>
+
+class QWidget;
 
 namespace vorimesk {
 
-// Tells something; one "Aceptar" button.
+// Tells something, titled with the window it belongs to; one "Aceptar"
+// button.
 void Avisar(QWidget* padre, QMessageBox::Icon icono, const QString& texto,
             const QString& detalle = {});
 
@@ -19,4 +26,38 @@ bool Confirmar(QWidget* padre, const QString& texto, const QString& detalle, con
 enum class AlCerrar { Guardar, Descartar, Cancelar };
 AlCerrar PreguntarAlCerrar(QWidget* padre, const QString& texto);
 
+class Error;
+struct RecalculoLog;
+
+namespace avisos {
+
+inline const QString kTituloRecalculo = "Aviso";
+inline const QString kTextoRecalculo = "Ha modificado datos que afectan a los calculos\r"
+                                       "del registro de llamadas.\r"
+                                       "¿Desea recalcular todas las llamadas con los parametro "
+                                       "actuales ?";
+inline const QString kTituloSinModem = "Atencion";
+inline const QString kTextoSinModem = "No tiene ningun modem instalado\r\n"
+                                      "Instale uno y vuelva a ejecutar el programa";
+
+// Yes/No; true on "Si".
+bool PreguntarRecalculo(QWidget* padre);
+void ConexionNueva(QWidget* padre);
+void SinModem(QWidget* padre);
+// After a re-pricing, the calls whose tariff is not in the book, if any.
+void TarifasDesconocidas(QWidget* padre, const RecalculoLog& recalculo);
+// A failure that reached an event of the window, in Spanish.
+void MostrarError(QWidget* padre, const Error& error);
+void MostrarError(QWidget* padre, const QString& texto);
+// The box itself, not yet shown, with Spanish button captions and its lines
+// kept whole as far as the screen allows.
+std::unique_ptr<QMessageBox> CrearCaja(QWidget* padre, QMessageBox::Icon icono,
+                                       const QString& titulo, const QString& texto,
+                                       QMessageBox::StandardButtons botones);
+// Any other modal box of the window.
+QMessageBox::StandardButton Caja(QWidget* padre, QMessageBox::Icon icono, const QString& titulo,
+                                 const QString& texto,
+                                 QMessageBox::StandardButtons botones = QMessageBox::Ok);
+
+} // namespace avisos
 } // namespace vorimesk

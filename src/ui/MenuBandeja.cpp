@@ -6,31 +6,38 @@ namespace vorimesk {
 
 MenuBandeja::MenuBandeja(QWidget* padre) : QMenu(padre) {
     setObjectName("mnuOne");
-    mnu_[kMini] = addAction(kIrAMini);
-    mnu_[kSiempreVisible] = addAction("&Siempre visible");
-    mnu_[kSiempreVisible]->setCheckable(true);
-    mnu_[2] = addSeparator();
-    mnuCon = new QMenu("&Conectar con", this);
-    mnuCon->setObjectName("mnuCon");
-    mnu_[kConectar] = addMenu(mnuCon);
-    mnu_[kDesconectar] = addAction("&Desconectar");
-    mnu_[5] = addSeparator();
-    mnu_[kConfigurar] = addAction("C&onfigurar");
-    mnu_[kAcercaDe] = addAction("&Acerca de ");
-    mnu_[8] = addSeparator();
-    mnu_[kTerminar] = addAction("&Terminar");
+    mini_ = Añadir("mnuMini", kIrAMini);
+    siempreVisible_ = Añadir("mnuSiempreVisible", "&Siempre visible");
+    siempreVisible_->setCheckable(true);
+    addSeparator();
+    con_ = new QMenu("&Conectar con", this);
+    con_->setObjectName("mnuCon");
+    conectar_ = addMenu(con_);
+    conectar_->setObjectName("mnuConectar");
+    desconectar_ = Añadir("mnuDesconectar", "&Desconectar");
+    addSeparator();
+    configurar_ = Añadir("mnuConfigurar", "C&onfigurar");
+    acercaDe_ = Añadir("mnuAcercaDe", "&Acerca de ");
+    addSeparator();
+    terminar_ = Añadir("mnuTerminar", "&Terminar");
+}
+
+QAction* MenuBandeja::Añadir(const char* nombre, const QString& texto) {
+    QAction* item = addAction(texto);
+    item->setObjectName(nombre);
+    return item;
 }
 
 void MenuBandeja::MostrarEntradas(const std::vector<std::string>& entradas) {
-    mnuCon->clear();
+    con_->clear();
     if (entradas.empty()) {
-        mnuCon->addAction(kSinConexiones)->setEnabled(false);
+        con_->addAction(kSinConexiones)->setEnabled(false);
         return;
     }
     for (const std::string& e : entradas) {
         const QString entrada = QString::fromStdString(e);
         // The entry's name may hold "&": it is shown as it is.
-        QAction* item = mnuCon->addAction(QString(entrada).replace("&", "&&"));
+        QAction* item = con_->addAction(QString(entrada).replace("&", "&&"));
         connect(item, &QAction::triggered, this, [this, entrada] { emit ConectarCon(entrada); });
     }
 }

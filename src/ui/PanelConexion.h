@@ -35,6 +35,16 @@ public:
     // The frames and labels by which the window can be dragged.
     QList<QWidget*> Asas() const;
 
+signals:
+    // A double-click on an entry: dial it.
+    void Marcar(const QString& entrada);
+    // The user pressed cmdConexion, with the entry chosen in the list (empty
+    // when there is none).
+    void Pulsado(const QString& entradaElegida);
+    // The user released cmdConexion: hang up.
+    void Colgar();
+
+private:
     QLabel* shEstado = nullptr;
     QLabel* lMsgEstado = nullptr;
     QLabel* lFecha = nullptr;
@@ -50,16 +60,6 @@ public:
     QPushButton* cmdConexion = nullptr;
     QListWidget* listaConexiones = nullptr;
 
-signals:
-    // A double-click on an entry: dial it.
-    void Marcar(const QString& entrada);
-    // The user pressed cmdConexion, with the entry chosen in the list (empty
-    // when there is none).
-    void Pulsado(const QString& entradaElegida);
-    // The user released cmdConexion: hang up.
-    void Colgar();
-
-private:
     void AlPulsar(bool pulsado);
     QGroupBox* CrearMedidor();
     QGroupBox* marcoEstado_ = nullptr;

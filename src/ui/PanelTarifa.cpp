@@ -57,6 +57,7 @@ QWidget* PanelTarifa::CrearNombre() {
     auto* fila = new QHBoxLayout(caja);
     fila->setContentsMargins(0, 0, 0, 0);
     txtNombre = new QLineEdit(caja);
+    txtNombre->setObjectName("txtNombre");
     txtNombre->setMinimumWidth(txtNombre->fontMetrics().horizontalAdvance("M") * 14);
     txtNombre->setToolTip("Hasta 15 caracteres; el primero, una letra sin acento, una cifra o "
                           "un signo.");
@@ -68,6 +69,7 @@ QWidget* PanelTarifa::CrearNombre() {
     fila->addWidget(txtNombre);
     fila->addSpacing(fontMetrics().height());
     avisoNombre = new AvisoCampo(1, caja);
+    avisoNombre->setObjectName("avisoNombre");
     fila->addWidget(avisoNombre, 1);
     return caja;
 }
@@ -76,13 +78,16 @@ QWidget* PanelTarifa::CrearConexion() {
     auto* grupo = new QGroupBox("Establecimiento de llamada", this);
     auto* fila = new QHBoxLayout(grupo);
     txtConexion = new QLineEdit(grupo);
+    txtConexion->setObjectName("txtConexion");
     txtConexion->setMaximumWidth(txtConexion->fontMetrics().horizontalAdvance("0") * 11);
     connect(txtConexion, &QLineEdit::textEdited, this,
             [this](const QString& t) { emit Cambiado("Conexion.Importe", t); });
     spnMinutos = new QSpinBox(grupo);
+    spnMinutos->setObjectName("spnMinutos");
     spnMinutos->setRange(0, 23);
     spnMinutos->setSuffix(" min");
     spnSegundos = new QSpinBox(grupo);
+    spnSegundos->setObjectName("spnSegundos");
     spnSegundos->setRange(0, 59);
     spnSegundos->setSuffix(" s");
     for (QSpinBox* s : {spnMinutos, spnSegundos}) {
@@ -101,6 +106,7 @@ QWidget* PanelTarifa::CrearConexion() {
     fila->addWidget(spnSegundos);
     fila->addSpacing(fontMetrics().height());
     avisoConexion = new AvisoCampo(1, grupo);
+    avisoConexion->setObjectName("avisoConexion");
     fila->addWidget(avisoConexion, 1);
     return grupo;
 }
@@ -109,13 +115,16 @@ QWidget* PanelTarifa::CrearDia(int d) {
     auto* grupo = new QGroupBox(TarifaEditable::kDias[d], this);
     auto* fila = new QHBoxLayout(grupo);
     tablas[d] = new TablaBandas(d, grupo);
+    tablas[d]->setObjectName(QString("tablas_%1").arg(d));
     connect(tablas[d], &TablaBandas::Cambiado, this, &PanelTarifa::Cambiado);
     fila->addWidget(tablas[d], 0, Qt::AlignTop);
     auto* derecha = new QVBoxLayout;
     franjas[d] = new FranjaDia(grupo);
+    franjas[d]->setObjectName(QString("franjas_%1").arg(d));
     franjas[d]->setAccessibleName(QString("Franjas de ") + TarifaEditable::kDias[d]);
     derecha->addWidget(franjas[d]);
     avisoDia[d] = new AvisoCampo(2, grupo);
+    avisoDia[d]->setObjectName(QString("avisoDia_%1").arg(d));
     derecha->addWidget(avisoDia[d]);
     derecha->addStretch();
     fila->addLayout(derecha, 1);
@@ -212,7 +221,7 @@ void PanelTarifa::Enfocar(const std::string& clave) {
     QWidget* w = Campo(clave);
     for (int d = 0; w == nullptr && d < 3; ++d) {
         if (clave == TarifaEditable::kDias[d]) {
-            w = tablas[d]->txtPrecio[0];
+            w = tablas[d]->PrimerCampo();
         }
     }
     if (w == nullptr) {

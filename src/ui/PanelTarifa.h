@@ -38,6 +38,10 @@ public:
     void Enfocar(const std::string& clave);
     QWidget* Campo(const std::string& clave) const;
 
+signals:
+    void Cambiado(const QString& clave, const QString& texto);
+
+private:
     QLineEdit* txtNombre = nullptr;
     QLineEdit* txtConexion = nullptr;
     QSpinBox* spnMinutos = nullptr;
@@ -48,10 +52,6 @@ public:
     AvisoCampo* avisoConexion = nullptr;
     std::array<AvisoCampo*, 3> avisoDia{};
 
-signals:
-    void Cambiado(const QString& clave, const QString& texto);
-
-private:
     QWidget* CrearNombre();
     QWidget* CrearConexion();
     QWidget* CrearDia(int tipoDia);

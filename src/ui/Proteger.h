@@ -2,7 +2,7 @@
 // Runs a window's handler and turns a failure of the program's own kinds
 // into a Spanish message box, so no event of the window ends the program.
 
-#include "Avisos.h"
+#include "Mensajes.h"
 #include "core/Errores.h"
 
 #include <exception>

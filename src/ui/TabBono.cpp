@@ -1,9 +1,9 @@
 #include "TabBono.h"
 
 #include "AnchosProporcionales.h"
-#include "DatosVentana.h"
 #include "Mensajes.h"
 #include "fBono.h"
+#include "session/DatosSesion.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -35,7 +35,7 @@ BonoGuardado Guardado(const cBono& b, std::int16_t i) {
 
 } // namespace
 
-TabBono::TabBono(DatosVentana& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
+TabBono::TabBono(DatosSesion& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
     PedirBono = [this](const BonoGuardado& inicial, bool nuevo) -> std::optional<BonoGuardado> {
         fBono dialogo(inicial, nuevo, datos_.RelojPrograma.Hoy(), this);
         if (dialogo.exec() != QDialog::Accepted) {
@@ -61,6 +61,10 @@ TabBono::TabBono(DatosVentana& datos, QWidget* padre) : QWidget(padre), datos_(d
     cmdModificar = new QPushButton("&Modificar", marco);
     cmdEliminar = new QPushButton("E&liminar", marco);
     cmdLimpiar = new QPushButton("&Limpiar", marco);
+    cmdAlta->setObjectName("cmdAlta");
+    cmdModificar->setObjectName("cmdModificar");
+    cmdEliminar->setObjectName("cmdEliminar");
+    cmdLimpiar->setObjectName("cmdLimpiar");
     connect(cmdAlta, &QPushButton::clicked, this, &TabBono::Alta);
     connect(cmdModificar, &QPushButton::clicked, this, &TabBono::Modificar);
     connect(cmdEliminar, &QPushButton::clicked, this, &TabBono::Eliminar);

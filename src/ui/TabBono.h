@@ -20,12 +20,12 @@ class QTableWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabBono : public QWidget {
     Q_OBJECT
 public:
-    TabBono(DatosVentana& datos, QWidget* padre = nullptr);
+    TabBono(DatosSesion& datos, QWidget* padre = nullptr);
 
     // The ledger in the grid and the kind labels; the billing controls.
     void Mostrar();
@@ -41,6 +41,14 @@ public:
     void Eliminar();
     void Limpiar();
 
+signals:
+    // The ledger's bundles changed.
+    void BonoCambiado();
+    // The billing day or interval changed.
+    void FacturacionCambiada();
+    void GrupoElegido(int grupo);
+
+private:
     QTableWidget* gBono = nullptr;
     QTabWidget* tabBono = nullptr;
     std::array<QLabel*, 4> lTipos{}; // what each kind has left
@@ -51,14 +59,6 @@ public:
     QSpinBox* tsp1 = nullptr;
     QComboBox* cmbFac = nullptr;
 
-signals:
-    // The ledger's bundles changed.
-    void BonoCambiado();
-    // The billing day or interval changed.
-    void FacturacionCambiada();
-    void GrupoElegido(int grupo);
-
-private:
     void CambioDia(int dia);
     void CambioIntervalo(int intervalo);
     void CambioSeleccion();
@@ -66,7 +66,7 @@ private:
     QWidget* PaginaGrupo(int grupo);
     bool Confirmar(const QString& texto);
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
 };
 
 } // namespace vorimesk

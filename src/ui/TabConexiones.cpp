@@ -1,7 +1,7 @@
 #include "TabConexiones.h"
 
-#include "DatosVentana.h"
 #include "monitor/EntradasConexion.h"
+#include "session/DatosSesion.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -13,7 +13,7 @@
 
 namespace vorimesk {
 
-TabConexiones::TabConexiones(DatosVentana& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
+TabConexiones::TabConexiones(DatosSesion& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
     auto* marco = new QGroupBox("Tarifa y descuento de cada conexion", this);
     listaConexiones2 = new QListWidget(marco);
     listaConexiones2->setObjectName("listaConexiones2");

@@ -13,12 +13,12 @@ class QListWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabConexiones : public QWidget {
     Q_OBJECT
 public:
-    TabConexiones(DatosVentana& datos, QWidget* padre = nullptr);
+    TabConexiones(DatosSesion& datos, QWidget* padre = nullptr);
 
     // The system's entries, in order; none shows "No hay conexiones disponibles.".
     void MostrarEntradas(const std::vector<std::string>& entradas);
@@ -31,18 +31,18 @@ public:
     // it is not there.
     int Buscar(const std::string& entrada) const;
 
+private:
     QListWidget* listaConexiones2 = nullptr;
     QComboBox* cmbTarifa = nullptr;
     QComboBox* cmbDescuento = nullptr;
     QLabel* lOrigen = nullptr;
 
-private:
     void Seleccion();
     void ElegirTarifa(int indice);
     void ElegirDescuento(int indice);
     std::string Seleccionada() const;
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     bool hayEntradas_ = false;
 };
 

@@ -1,7 +1,7 @@
 #include "TabFestivos.h"
 
-#include "DatosVentana.h"
 #include "FechasQt.h"
+#include "session/DatosSesion.h"
 
 #include <QCalendarWidget>
 #include <QGroupBox>
@@ -12,7 +12,7 @@
 
 namespace vorimesk {
 
-TabFestivos::TabFestivos(DatosVentana& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
+TabFestivos::TabFestivos(DatosSesion& datos, QWidget* padre) : QWidget(padre), datos_(datos) {
     auto* marco = new QGroupBox("Festivos", this);
     FestivosCal = new QCalendarWidget(marco);
     FestivosCal->setObjectName("FestivosCal");

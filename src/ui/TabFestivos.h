@@ -13,12 +13,12 @@ class QPushButton;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabFestivos : public QWidget {
     Q_OBJECT
 public:
-    TabFestivos(DatosVentana& datos, QWidget* padre = nullptr);
+    TabFestivos(DatosSesion& datos, QWidget* padre = nullptr);
 
     // Styles every stored holiday (at load).
     void MostrarFestivos();
@@ -31,12 +31,12 @@ public:
     void CopiarAlAñoSiguiente();
     void BorrarTodo();
 
+private:
     QCalendarWidget* FestivosCal = nullptr;
     QPushButton* cmdCopiarAño = nullptr;
     QPushButton* cmdBorrartodos = nullptr;
 
-private:
-    DatosVentana& datos_;
+    DatosSesion& datos_;
 };
 
 } // namespace vorimesk

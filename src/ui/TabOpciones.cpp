@@ -1,6 +1,5 @@
 #include "TabOpciones.h"
 
-#include "DatosVentana.h"
 #include "EditorTiempo.h"
 #include "FechasQt.h"
 #include "MarcoPresupuesto.h"
@@ -8,6 +7,7 @@
 #include "core/FormatoNumero.h"
 #include "core/Numero.h"
 #include "fProgramas.h"
+#include "session/DatosSesion.h"
 
 #include <QCheckBox>
 #include <QDesktopServices>
@@ -38,7 +38,7 @@ QCheckBox* Casilla(QWidget* padre, const char* nombre, const char* texto) {
 
 } // namespace
 
-TabOpciones::TabOpciones(DatosVentana& datos, SonidoAviso& sonido, QWidget* padre)
+TabOpciones::TabOpciones(DatosSesion& datos, SonidoAviso& sonido, QWidget* padre)
     : QWidget(padre), datos_(datos), sonido_(sonido) {
     auto* izquierda = new QVBoxLayout;
     izquierda->addWidget(MarcoGeneral());

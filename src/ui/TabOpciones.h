@@ -14,7 +14,7 @@ class QTimeEdit;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 class EditorTiempo;
 class SonidoAviso;
 
@@ -25,11 +25,16 @@ public:
     static constexpr const char* kPaginaInternet =
         "https://es.wikipedia.org/wiki/Conexi%C3%B3n_por_l%C3%ADnea_conmutada";
 
-    TabOpciones(DatosVentana& datos, SonidoAviso& sonido, QWidget* padre = nullptr);
+    TabOpciones(DatosSesion& datos, SonidoAviso& sonido, QWidget* padre = nullptr);
 
     // Shows the settings in their controls.
     void Mostrar();
 
+signals:
+    // A click on a threshold's box: 0 time, 1 cost, 2 bundle left.
+    void AvisoArmado(int umbral);
+
+private:
     QCheckBox* Check7 = nullptr;
     QCheckBox* Check8 = nullptr;
     QCheckBox* Check9 = nullptr;
@@ -53,11 +58,6 @@ public:
     QPushButton* cmdProgramas = nullptr;
     QPushButton* cmdInternet = nullptr;
 
-signals:
-    // A click on a threshold's box: 0 time, 1 cost, 2 bundle left.
-    void AvisoArmado(int umbral);
-
-private:
     QWidget* MarcoGeneral();
     QWidget* MarcoAvisos();
     QWidget* MarcoImpuestos();
@@ -67,7 +67,7 @@ private:
     void AbrirProgramas();
     void AbrirInternet();
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     SonidoAviso& sonido_;
 };
 

@@ -33,6 +33,13 @@ public:
     // The save dialog: the chosen path, or empty when cancelled.
     std::function<QString()> ElegirArchivoExportar;
 
+signals:
+    // The user asks for the register filter.
+    void PedirFiltro();
+    // The user asks what the listed calls would cost under every tariff.
+    void PedirComparacion();
+
+private:
     QTableView* Grid1 = nullptr;
     QLabel* lPeriodo2 = nullptr;
     QLabel* Label4 = nullptr;       // beside "Llamadas:"
@@ -42,13 +49,6 @@ public:
     QPushButton* cmdComparar = nullptr;
     QPushButton* cmdExportar = nullptr;
 
-signals:
-    // The user asks for the register filter.
-    void PedirFiltro();
-    // The user asks what the listed calls would cost under every tariff.
-    void PedirComparacion();
-
-private:
     ModeloRegistro* modelo_ = nullptr;
     AnchosProporcionales* anchos_ = nullptr;
     const Log* registro_ = nullptr;

@@ -35,7 +35,10 @@ public:
 
     void Mostrar(const ResumenPeriodo& resumen);
     void MostrarBono(const QString& grupo, const std::string& gastado, const std::string& queda);
+    // The forecast of the billing period, which the budget watch fills.
+    PanelPrevision& Prevision() { return *prevision; }
 
+private:
     QLabel* lPeriodo = nullptr;
     QLabel* lTiempoPer = nullptr;
     QLabel* lGastoPer = nullptr;
@@ -45,7 +48,6 @@ public:
     QLabel* lBonoQueda = nullptr;
     PanelPrevision* prevision = nullptr;
 
-private:
     QGroupBox* marcoBono_ = nullptr;
 };
 

@@ -1,10 +1,10 @@
 #include "TabTarifas.h"
 
 #include "AnchosProporcionales.h"
-#include "DatosVentana.h"
 #include "Lanzador.h"
 #include "Mensajes.h"
 #include "Proteger.h"
+#include "session/DatosSesion.h"
 
 #include <QButtonGroup>
 #include <QFileSystemWatcher>
@@ -80,7 +80,7 @@ QString HoraMinutos(const ValorTarifa& v) {
 
 } // namespace
 
-TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma, QWidget* padre)
+TabTarifas::TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma, QWidget* padre)
     : QWidget(padre), datos_(datos), carpetaPrograma_(std::move(carpetaPrograma)) {
     listTarifas = new QListWidget(this);
     listTarifas->setObjectName("listTarifas");
@@ -92,6 +92,9 @@ TabTarifas::TabTarifas(DatosVentana& datos, std::filesystem::path carpetaProgram
     optSemana = new QRadioButton(kDias[0], marcoDia);
     optSabado = new QRadioButton(kDias[1], marcoDia);
     optFestivo = new QRadioButton(kDias[2], marcoDia);
+    optSemana->setObjectName("optSemana");
+    optSabado->setObjectName("optSabado");
+    optFestivo->setObjectName("optFestivo");
     dias_ = new QButtonGroup(this);
     dias_->addButton(optSemana, 0);
     dias_->addButton(optSabado, 1);

@@ -22,14 +22,13 @@ class QTableWidget;
 
 namespace vorimesk {
 
-struct DatosVentana;
+struct DatosSesion;
 
 class TabTarifas : public QWidget {
     Q_OBJECT
 public:
     // `carpetaPrograma` is where the tariff editor is looked for.
-    TabTarifas(DatosVentana& datos, std::filesystem::path carpetaPrograma,
-               QWidget* padre = nullptr);
+    TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma, QWidget* padre = nullptr);
 
     // Reads the book again (the editor may have changed it) and shows it.
     void Refrescar();
@@ -38,6 +37,10 @@ public:
     // Starts the editor; false (after telling the user) when it cannot.
     bool AbrirEditor();
 
+signals:
+    void EditorAbierto();
+
+private:
     QListWidget* listTarifas = nullptr;
     QRadioButton* optSemana = nullptr;
     QRadioButton* optSabado = nullptr;
@@ -47,10 +50,6 @@ public:
     QPushButton* cmdEditor = nullptr;
     QLabel* lSinTarifas = nullptr;
 
-signals:
-    void EditorAbierto();
-
-private:
     // When and how big "Tarifas.Dat" is; nothing when there is none.
     using Sello = std::optional<std::pair<std::filesystem::file_time_type, std::uintmax_t>>;
     Sello SelloLibro() const;
@@ -58,7 +57,7 @@ private:
     int TipoDia() const;
     void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
 
-    DatosVentana& datos_;
+    DatosSesion& datos_;
     std::filesystem::path carpetaPrograma_;
     QButtonGroup* dias_ = nullptr;
     QFileSystemWatcher* vigilante_ = nullptr;

@@ -34,6 +34,7 @@ TablaBandas::TablaBandas(int tipoDia, QWidget* padre) : QWidget(padre), tipoDia_
         rejilla->addWidget(new QLabel(franjas[f], this), f + 1, 0);
         const std::string precio = TarifaEditable::Clave(tipoDia_, f, "Importe");
         txtPrecio[f] = new QLineEdit(this);
+        txtPrecio[f]->setObjectName(QString("txtPrecio_%1").arg(f));
         txtPrecio[f]->setAccessibleName(QString::fromStdString(precio));
         txtPrecio[f]->setMaximumWidth(txtPrecio[f]->fontMetrics().horizontalAdvance("0") * 11);
         connect(txtPrecio[f], &QLineEdit::textEdited, this, [this, precio](const QString& t) {
@@ -42,6 +43,8 @@ TablaBandas::TablaBandas(int tipoDia, QWidget* padre) : QWidget(padre), tipoDia_
         rejilla->addWidget(txtPrecio[f], f + 1, 1);
         tmeInicio[f] = NuevaHora(TarifaEditable::Clave(tipoDia_, f, "Inicio"));
         tmeFin[f] = NuevaHora(TarifaEditable::Clave(tipoDia_, f, "Fin"));
+        tmeInicio[f]->setObjectName(QString("tmeInicio_%1").arg(f));
+        tmeFin[f]->setObjectName(QString("tmeFin_%1").arg(f));
         rejilla->addWidget(tmeInicio[f], f + 1, 2);
         rejilla->addWidget(tmeFin[f], f + 1, 3);
     }

@@ -24,16 +24,18 @@ public:
     void Mostrar(const TarifaEditable& tarifa);
     // The editor of a field of this day type ("Semana.Normal.Fin"), or null.
     QWidget* Campo(const std::string& clave) const;
-
-    // Per band (0 normal, 1 reduced).
-    std::array<QLineEdit*, 2> txtPrecio{};
-    std::array<QTimeEdit*, 2> tmeInicio{};
-    std::array<QTimeEdit*, 2> tmeFin{};
+    // Where the day type is shown to the user: the normal band's price.
+    QLineEdit* PrimerCampo() const { return txtPrecio[0]; }
 
 signals:
     void Cambiado(const QString& clave, const QString& texto);
 
 private:
+    // Per band (0 normal, 1 reduced).
+    std::array<QLineEdit*, 2> txtPrecio{};
+    std::array<QTimeEdit*, 2> tmeInicio{};
+    std::array<QTimeEdit*, 2> tmeFin{};
+
     QTimeEdit* NuevaHora(const std::string& clave);
     int tipoDia_;
 };

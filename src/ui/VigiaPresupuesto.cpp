@@ -1,6 +1,6 @@
 #include "VigiaPresupuesto.h"
 
-#include "DatosVentana.h"
+#include "session/DatosSesion.h"
 #include "PanelPrevision.h"
 #include "SonidoAviso.h"
 #include "core/Errores.h"
@@ -10,7 +10,7 @@
 
 namespace vorimesk {
 
-VigiaPresupuesto::VigiaPresupuesto(DatosVentana& datos, SonidoAviso& sonido, PanelPrevision& panel,
+VigiaPresupuesto::VigiaPresupuesto(DatosSesion& datos, SonidoAviso& sonido, PanelPrevision& panel,
                                    std::function<QSystemTrayIcon*()> bandeja, QObject* padre)
     : QObject(padre), datos_(datos), sonido_(sonido), panel_(panel), bandeja_(std::move(bandeja)) {}
 

@@ -37,10 +37,12 @@ fAbout::fAbout(QWidget* padre) : QDialog(padre) {
                         this);
     Label4->setWordWrap(true);
     lMsg = new QLabel("Cargando el programa...", this);
+    lMsg->setObjectName("lMsg");
     lMsg->setVisible(false);
 
     cmdInformacion = new QPushButton("&Info sistema", this);
     cmdCerrar = new QPushButton("&Cerrar", this);
+    cmdCerrar->setObjectName("cmdCerrar");
     cmdCerrar->setDefault(true);
     cmdInformacion->setEnabled(herramientas::InfoSistema().Existe());
     if (!cmdInformacion->isEnabled()) {

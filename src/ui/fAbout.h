@@ -19,6 +19,7 @@ public:
     // Banner mode: no buttons, the loading message visible, always on top.
     void ModoBanner(bool banner);
 
+private:
     QPushButton* cmdCerrar = nullptr;
     QPushButton* cmdInformacion = nullptr;
     QLabel* Label1 = nullptr;
@@ -26,7 +27,6 @@ public:
     QLabel* Label4 = nullptr;
     QLabel* lMsg = nullptr;
 
-private:
     void AbrirInfoSistema();
     // In the middle of the screen, whoever opens it.
     void Centrar();

@@ -1,9 +1,11 @@
 #include "fArchivo.h"
 
-#include "AvisoError.h"
+#include "ControlesDialogo.h"
 #include "FechasQt.h"
 #include "ListaCarpetas.h"
+#include "Mensajes.h"
 #include "PanelLogo.h"
+#include "Proteger.h"
 #include "core/Errores.h"
 #include "register/ListadoRegistro.h"
 #include "tariff/cBono.h"
@@ -26,13 +28,6 @@ namespace fs = std::filesystem;
 
 namespace vorimesk {
 namespace {
-
-QPushButton* Boton(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
-}
 
 QRadioButton* Opcion(const QString& texto, const char* nombre, QWidget* padre) {
     auto* o = new QRadioButton(texto, padre);
@@ -115,11 +110,7 @@ fArchivo::fArchivo(AnfitrionRegistro& anfitrion, Log& registro, const cBono& bon
     setMinimumSize(680, 400);
 
     Conectar();
-    try {
-        copias_.CargarIndice();
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    Proteger(this, [&] { copias_.CargarIndice(); });
     Dir1->Carpeta(carpetaCopias_);
     Dir2->Carpeta(carpetaCopias_);
     copias_.Carpeta(carpetaCopias_);
@@ -286,12 +277,11 @@ void fArchivo::Refrescar() {
 
 void fArchivo::ElegirRango(bool todos) {
     const Fecha hoy = reloj_.Hoy();
-    try {
-        rango_ = todos ? RangoTodos(registro_, hoy)
-                       : RangoHastaPeriodoCerrado(registro_, bono_.DiaFactura(), bono_.perFactura(),
-                                                  hoy);
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
+    if (!Proteger(this, [&] {
+            rango_ = todos ? RangoTodos(registro_, hoy)
+                           : RangoHastaPeriodoCerrado(registro_, bono_.DiaFactura(),
+                                                      bono_.perFactura(), hoy);
+        })) {
         return;
     }
     lDesde->setText(QTexto(rango_.desde.TextoCorto()));
@@ -331,10 +321,7 @@ void fArchivo::Siguiente() {
     if (!pasos_.SiguienteActivo()) {
         return;
     }
-    try {
-        HacerTarea(pasos_.Tarea());
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
+    if (!Proteger(this, [&] { HacerTarea(pasos_.Tarea()); })) {
         return;
     }
     const bool aArchivo = pasos_.Avanzar() && pasos_.Pagina() == PaginaArchivo::Archivo;
@@ -402,31 +389,31 @@ void fArchivo::Finalizar() {
     if (!pasos_.FinalizarActivo()) {
         return;
     }
-    try {
-        switch (pasos_.Accion()) {
-        case PasosArchivo::kArchivar: {
-            const int antes = registro_.Count();
-            copias_.Archivar(registro_, nombre_, descripcion_, rango_.desde, rango_.hasta, borrar_);
-            if (registro_.Count() != antes) {
-                const Fecha hoy = reloj_.Hoy();
-                anfitrion_.RegistroCambiado();
-                anfitrion_.RellenaGrid(
-                    CriteriosFiltro::Periodo(PrimerDiaOHoy(registro_, hoy), hoy));
+    if (!Proteger(this, [&] {
+            switch (pasos_.Accion()) {
+            case PasosArchivo::kArchivar: {
+                const int antes = registro_.Count();
+                copias_.Archivar(registro_, nombre_, descripcion_, rango_.desde, rango_.hasta,
+                                 borrar_);
+                if (registro_.Count() != antes) {
+                    const Fecha hoy = reloj_.Hoy();
+                    anfitrion_.RegistroCambiado();
+                    anfitrion_.RellenaGrid(
+                        CriteriosFiltro::Periodo(PrimerDiaOHoy(registro_, hoy), hoy));
+                }
+                break;
             }
-            break;
-        }
-        case PasosArchivo::kRecuperar:
-            Copias(Dir2->Carpeta()).Recuperar(ArchivoSeleccionado(), registro_);
-            anfitrion_.RegistroCambiado();
-            break;
-        case PasosArchivo::kBorrar:
-            Copias::Borrar(Dir2->Carpeta(), ArchivoSeleccionado());
-            break;
-        default:
-            break;
-        }
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
+            case PasosArchivo::kRecuperar:
+                Copias(Dir2->Carpeta()).Recuperar(ArchivoSeleccionado(), registro_);
+                anfitrion_.RegistroCambiado();
+                break;
+            case PasosArchivo::kBorrar:
+                Copias::Borrar(Dir2->Carpeta(), ArchivoSeleccionado());
+                break;
+            default:
+                break;
+            }
+        })) {
         return;
     }
     accept();
@@ -438,11 +425,7 @@ void fArchivo::done(int resultado) {
         std::error_code ec;
         // The folder is the user's to make; without it there is no index to keep.
         if (fs::is_directory(copias_.Carpeta(), ec)) {
-            try {
-                copias_.GuardarIndice();
-            } catch (const Error& e) {
-                AvisarError(this, QString::fromStdString(e.what()));
-            }
+            Proteger(this, [&] { copias_.GuardarIndice(); });
         }
         privado_.reset();
     }

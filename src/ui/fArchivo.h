@@ -47,6 +47,10 @@ public:
     void Atras();
     void Finalizar();
 
+public slots:
+    void done(int resultado) override;
+
+private:
     PanelLogo* picLogo = nullptr;
     QStackedWidget* paginas = nullptr;
     QListWidget* lAccion = nullptr;
@@ -73,10 +77,6 @@ public:
     QPushButton* cmdFinalizar = nullptr;
     QPushButton* cmdSalir = nullptr;
 
-public slots:
-    void done(int resultado) override;
-
-private:
     QWidget* PaginaAccion();
     QWidget* PaginaPeriodo();
     QWidget* PaginaNombre();

@@ -1,6 +1,7 @@
 #include "fBono.h"
 
 #include "AnchoTitulo.h"
+#include "ControlesDialogo.h"
 #include "EditorTiempo.h"
 #include "FechasQt.h"
 #include "Iconos.h"
@@ -19,18 +20,6 @@
 #include <algorithm>
 
 namespace vorimesk {
-namespace {
-
-QDateEdit* EditorFecha(QWidget* padre) {
-    auto* f = new QDateEdit(padre);
-    f->setDisplayFormat("dd/MM/yyyy");
-    f->setCalendarPopup(true);
-    f->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
-    return f;
-}
-
-} // namespace
-
 fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     : QDialog(padre), inicial_(inicial), nuevo_(nuevo), hoy_(hoy) {
     setWindowTitle(nuevo ? "Alta de bono BonoNet" : "Modificar bono BonoNet");
@@ -43,12 +32,14 @@ fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     }
     cmbTipo->setCurrentIndex(std::clamp<int>(inicial.Tipo, 0, cBono::kTipos - 1));
     cmbTipo->setEnabled(nuevo);
-    fecAlta = EditorFecha(this);
+    fecAlta = EditorFecha("fecAlta", this);
+    fecAlta->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
     fecAlta->setObjectName("fecAlta");
     fecAlta->setDate(AQDate(inicial.Alta));
     chkBaja = new QCheckBox("&Dar de baja", this);
     chkBaja->setObjectName("chkBaja");
-    fecBaja = EditorFecha(this);
+    fecBaja = EditorFecha("fecBaja", this);
+    fecBaja->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
     fecBaja->setObjectName("fecBaja");
     const bool baja = inicial.Baja.TieneFecha();
     fecBaja->setDate(AQDate(baja ? inicial.Baja.fecha : hoy));
@@ -59,6 +50,7 @@ fBono::fBono(const BonoGuardado& inicial, bool nuevo, Fecha hoy, QWidget* padre)
     txtTiempo->Tiempo(inicial.tiempo.empty() ? Contenido(inicial.Tipo) : inicial.tiempo);
 
     cmdAceptar = new QPushButton("&Aceptar", this);
+    cmdAceptar->setObjectName("cmdAceptar");
     cmdAceptar->setDefault(true);
     cmdCancelar = new QPushButton("&Cancelar", this);
     connect(cmdAceptar, &QPushButton::clicked, this, &fBono::accept);

@@ -28,6 +28,9 @@ public:
     // The reason the values cannot be taken, or empty when they can.
     QString Problema() const;
 
+    void accept() override;
+
+private:
     QComboBox* cmbTipo = nullptr;
     QDateEdit* fecAlta = nullptr;
     QCheckBox* chkBaja = nullptr;
@@ -36,9 +39,6 @@ public:
     QPushButton* cmdAceptar = nullptr;
     QPushButton* cmdCancelar = nullptr;
 
-    void accept() override;
-
-private:
     void CambioTipo(int tipo);
     void CambioBaja(bool baja);
     static std::string Contenido(int tipo);

@@ -1,6 +1,6 @@
 #include "fComparar.h"
 
-#include "DatosVentana.h"
+#include "session/DatosSesion.h"
 #include "FechasQt.h"
 #include "Proteger.h"
 #include "register/Log.h"
@@ -49,7 +49,7 @@ QTableWidgetItem* Celda(const QString& texto, bool numero) {
 
 } // namespace
 
-FuenteComparacion fComparar::FuenteDe(const DatosVentana& datos, const Listado& listado) {
+FuenteComparacion fComparar::FuenteDe(const DatosSesion& datos, const Listado& listado) {
     FuenteComparacion f;
     f.registro = &datos.Registro;
     f.carpeta = datos.Carpeta;

@@ -23,7 +23,7 @@ class QTableWidget;
 namespace vorimesk {
 
 class Log;
-struct DatosVentana;
+struct DatosSesion;
 struct Listado;
 
 struct FuenteComparacion {
@@ -43,7 +43,7 @@ public:
     fComparar(FuenteComparacion fuente, QWidget* padre = nullptr);
 
     // What the window's data gives for the register tab's listing.
-    static FuenteComparacion FuenteDe(const DatosVentana& datos, const Listado& listado);
+    static FuenteComparacion FuenteDe(const DatosSesion& datos, const Listado& listado);
 
     // Compares again with the calls chosen in the window and shows it.
     void Comparar();

@@ -1,8 +1,10 @@
 #include "fFiltro.h"
 
-#include "AvisoError.h"
+#include "ControlesDialogo.h"
 #include "FechasQt.h"
+#include "Mensajes.h"
 #include "PilaPrograma.h"
+#include "Proteger.h"
 #include "core/Errores.h"
 #include "fPer.h"
 
@@ -55,14 +57,6 @@ QPushButton* Interruptor(const QString& texto, const char* nombre, QWidget* padr
     return b;
 }
 
-QDateEdit* EditorFecha(const char* nombre, QWidget* padre) {
-    auto* e = new QDateEdit(padre);
-    e->setObjectName(nombre);
-    e->setDisplayFormat("dd/MM/yyyy");
-    e->setCalendarPopup(true);
-    return e;
-}
-
 QTimeEdit* EditorHora(const char* nombre, QWidget* padre) {
     auto* e = new QTimeEdit(padre);
     e->setObjectName(nombre);
@@ -75,13 +69,6 @@ QComboBox* Lista(const char* nombre, const QStringList& elementos, QWidget* padr
     c->setObjectName(nombre);
     c->addItems(elementos);
     return c;
-}
-
-QPushButton* Boton(const QString& texto, const char* nombre, QWidget* padre) {
-    auto* b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
 }
 
 } // namespace
@@ -250,28 +237,18 @@ CriteriosFiltro fFiltro::Criterios() const {
 }
 
 void fFiltro::Aplicar() {
-    try {
-        anfitrion_.RellenaGrid(Criterios());
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    Proteger(this, [&] { anfitrion_.RellenaGrid(Criterios()); });
 }
 
 void fFiltro::Suprimir() {
-    try {
+    Proteger(this, [&] {
         anfitrion_.RellenaGrid(
             CriteriosFiltro::Periodo(anfitrion_.InicioPeriodo(), anfitrion_.FinPeriodo()));
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    });
 }
 
 void fFiltro::VerTodos() {
-    try {
-        anfitrion_.RellenaGrid({});
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    Proteger(this, [&] { anfitrion_.RellenaGrid({}); });
 }
 
 void fFiltro::ElegirPeriodo() {

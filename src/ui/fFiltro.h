@@ -36,6 +36,7 @@ public:
     // What the filter does when it comes back to the front after the picker.
     void VolverDelSelector();
 
+private:
     QPushButton* bFec = nullptr;
     QPushButton* bHora = nullptr;
     QPushButton* bTiempo = nullptr;
@@ -56,7 +57,6 @@ public:
     QPushButton* cmdSuprimir = nullptr;
     QPushButton* cmdTodos = nullptr;
 
-private:
     QWidget* GrupoFecha();
     QWidget* GrupoHora();
     QWidget* GrupoTiempo();

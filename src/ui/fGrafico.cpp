@@ -1,8 +1,9 @@
 #include "fGrafico.h"
 
-#include "AvisoError.h"
 #include "DibujoGrafico.h"
 #include "FechasQt.h"
+#include "Mensajes.h"
+#include "Proteger.h"
 #include "core/Errores.h"
 #include "register/Log.h"
 
@@ -124,11 +125,8 @@ VistaGrafico fGrafico::Vista() const {
 }
 
 void fGrafico::Actualizar() {
-    try {
-        dias_ = AgregarPorDia(registro_);
-    } catch (const Error& e) {
+    if (!Proteger(this, [&] { dias_ = AgregarPorDia(registro_); })) {
         dias_.clear();
-        AvisarError(this, QString::fromStdString(e.what()));
     }
     LlenarCombo();
     Redibujar();
@@ -198,7 +196,7 @@ void fGrafico::GuardarComo() {
         ruta += ".png";
     }
     if (!GuardarPng(ruta)) {
-        AvisarError(this, "No se pudo guardar la imagen en " + ruta + ".");
+        avisos::MostrarError(this, "No se pudo guardar la imagen en " + ruta + ".");
     }
 }
 

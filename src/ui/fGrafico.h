@@ -32,6 +32,10 @@ public:
     const std::vector<PuntoGrafico>& Puntos() const { return puntos_; }
     bool GuardarPng(const QString& ruta) const;
 
+protected:
+    bool event(QEvent* evento) override;
+
+private:
     std::array<QRadioButton*, 3> Option1{};
     QComboBox* cmbTipoGraf = nullptr;
     QComboBox* cmbTipoDato = nullptr;
@@ -40,10 +44,6 @@ public:
     QChartView* Graph1 = nullptr;
     QPushButton* cmdGuardar = nullptr;
 
-protected:
-    bool event(QEvent* evento) override;
-
-private:
     QWidget* Controles();
     VistaGrafico Vista() const;
     void LlenarCombo();

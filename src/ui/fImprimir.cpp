@@ -1,7 +1,8 @@
 #include "fImprimir.h"
 
-#include "AvisoError.h"
 #include "ImpresionTexto.h"
+#include "Mensajes.h"
+#include "Proteger.h"
 #include "core/Errores.h"
 #include "register/InformeImpresion.h"
 
@@ -77,13 +78,14 @@ void fImprimir::AlImprimir() {
     if (!Check1->isChecked() && !Check2->isChecked()) {
         return;
     }
-    try {
+    Proteger(this, [&] {
         const QPrinterInfo predeterminada = QPrinterInfo::defaultPrinter();
         if (!predeterminada.isNull()) {
             QPrinter impresora(predeterminada, QPrinter::HighResolution);
             PrepararImpresora(impresora);
             if (!Imprimir(impresora)) {
-                AvisarError(this, "No se pudo imprimir en " + predeterminada.printerName() + ".");
+                avisos::MostrarError(this, "No se pudo imprimir en " +
+                                               predeterminada.printerName() + ".");
                 return;
             }
             accept();
@@ -99,13 +101,11 @@ void fImprimir::AlImprimir() {
             return;
         }
         if (!Imprimir(impresora)) {
-            AvisarError(this, "No se pudo imprimir.");
+            avisos::MostrarError(this, "No se pudo imprimir.");
             return;
         }
         accept();
-    } catch (const Error& e) {
-        AvisarError(this, QString::fromStdString(e.what()));
-    }
+    });
 }
 
 } // namespace vorimesk

@@ -32,12 +32,12 @@ public:
     bool Imprimir(QPrinter& impresora) const;
     bool ImprimirPdf(const QString& ruta) const;
 
+private:
     QCheckBox* Check1 = nullptr;
     QCheckBox* Check2 = nullptr;
     QPushButton* cmdImprimir = nullptr;
     QPushButton* cmdCancelar = nullptr;
 
-private:
     void AlImprimir();
 
     const AnfitrionRegistro& anfitrion_;

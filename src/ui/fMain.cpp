@@ -1,7 +1,6 @@
 #include "fMain.h"
 
-#include "ArranquePrograma.h"
-#include "Avisos.h"
+#include "EleccionModem.h"
 #include "Iconos.h"
 #include "Mensajes.h"
 #include "MenuBandeja.h"
@@ -22,21 +21,16 @@
 #include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
-#include "monitor/PerfilEntrada.h"
-#include "settings/ArchivoVariables.h"
-#include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QSettings>
 #include <QStatusBar>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <iostream>
 
 namespace vorimesk {
@@ -49,10 +43,9 @@ constexpr int kIntervaloHora = 1000;
 
 fMain::fMain(EntornoVentana entorno, QWidget* padre)
     : QMainWindow(padre), entorno_(std::move(entorno)),
-      datos_(entorno_.carpetaDatos, *entorno_.reloj), registroMonitor_(datos_.Registro),
-      linea_(*entorno_.plataforma.marcador),
-      monitor_(*entorno_.reloj, datos_.Ajustes, datos_.Bono, datos_.Conexiones, registroMonitor_,
-               linea_, entorno_.carpetaDatos) {
+      sesion_(entorno_.carpetaDatos, *entorno_.reloj), linea_(*entorno_.plataforma.marcador),
+      monitor_(*entorno_.reloj, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
+               sesion_.RegistroDelMonitor(), linea_, entorno_.carpetaDatos) {
     setWindowTitle("Vorimesk");
     setWindowIcon(IconoPrograma());
     sonido_ = new SonidoAviso(this);
@@ -99,6 +92,14 @@ void fMain::Construir() {
     tabFestivos = new TabFestivos(datos_, SSTab1);
     tabBono = new TabBono(datos_, SSTab1);
     tabOpciones = new TabOpciones(datos_, *sonido_, SSTab1);
+    panel->setObjectName("panel");
+    tabResumen->setObjectName("TabResumen");
+    tabConexiones->setObjectName("TabConexiones");
+    tabTarifas->setObjectName("TabTarifas");
+    tabRegistro->setObjectName("TabRegistro");
+    tabFestivos->setObjectName("TabFestivos");
+    tabBono->setObjectName("TabBono");
+    tabOpciones->setObjectName("TabOpciones");
     SSTab1->addTab(tabResumen, "&Resumen");
     SSTab1->addTab(tabConexiones, "C&onexiones");
     SSTab1->addTab(tabTarifas, "&Tarifas");
@@ -123,11 +124,11 @@ void fMain::Construir() {
                 comparar->show();
             }));
     presupuesto_ = new VigiaPresupuesto(
-        datos_, *sonido_, *tabResumen->prevision, [this] { return bandeja_; }, this);
+        datos_, *sonido_, tabResumen->Prevision(), [this] { return bandeja_; }, this);
     connect(presupuesto_, &VigiaPresupuesto::AvisoPresupuesto, this,
             [this](const QString& texto) { statusBar()->showMessage(texto); });
     connect(tabBono, &TabBono::FacturacionCambiada, this,
-            Protegido(this, [this] { CalcularPeriodo(); }));
+            Protegido(this, [this] { sesion_.CalcularPeriodo(); }));
 
     auto* centro = new QWidget(this);
     auto* todo = new QVBoxLayout(centro);
@@ -158,10 +159,7 @@ void fMain::Cargar() {
     Proteger(this, [this] { AplicarCargaAlIniciar(); });
     Proteger(this, [this] { LeerEntradas(); });
     Proteger(this, [this] { CargarRegistro(); });
-    Proteger(this, [this] {
-        CalcularPeriodo();
-        RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
-    });
+    Proteger(this, [this] { MostrarPeriodo(); });
     Proteger(this, [this] {
         tabBono->Mostrar();
         tabTarifas->Refrescar();
@@ -180,24 +178,12 @@ void fMain::Cargar() {
 }
 
 void fMain::LeerAjustes() {
-    LecturaVariables lectura =
-        LeerVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo));
-    datos_.Ajustes = std::move(lectura.valores);
-    datos_.RecalculoPendiente = false;
-    if (lectura.dañado) {
-        Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.aviso));
+    const Sesion::LecturaAjustes lectura = sesion_.LeerAjustes();
+    if (!lectura.dañado.empty()) {
+        Avisar(this, QMessageBox::Warning, QString::fromStdString(lectura.dañado));
     }
-    try {
-        CargarBono(datos_.Ajustes, datos_.Bono);
-        CargarConexiones(datos_.Ajustes, datos_.Conexiones);
-    } catch (const Error& error) {
-        // Written back from what could be read, the file would lose the
-        // rest: it is left alone for this run.
-        ajustesGuardables_ = false;
-        datos_.Bono.Limpiar();
-        throw Error(std::string("Los bonos o las conexiones de ") +
-                    std::string(Settings::kNombreArchivo) + " no se pueden leer: " + error.what() +
-                    "\nLas opciones no se guardaran al salir, para no perder el archivo.");
+    if (!lectura.listasIlegibles.empty()) {
+        throw Error(lectura.listasIlegibles);
     }
 }
 
@@ -218,34 +204,15 @@ void fMain::PonerBandeja() {
 }
 
 void fMain::BuscarModem() {
-    const std::vector<Modem> modems = entorno_.plataforma.modems->Modems();
-    if (modems.empty()) {
+    const std::optional<std::string> ruta = LogDelModemElegido(
+        entorno_.plataforma.modems->Modems(), datos_.Carpeta / kArchivoPreferencias, ElegirModem);
+    if (!ruta) {
         avisos::SinModem(this);
         // The calls still reach the register through the system's log.
         datos_.Registro.NombreLog(entorno_.logSinModem.string());
         return;
     }
-    std::size_t elegido = 0;
-    if (modems.size() > 1) {
-        QSettings preferencias(
-            QString::fromStdString((datos_.Carpeta / kArchivoPreferencias).string()),
-            QSettings::IniFormat);
-        const std::string recordado = preferencias.value("Modem/Clave").toString().toStdString();
-        const auto it = std::find_if(modems.begin(), modems.end(),
-                                     [&](const Modem& m) { return m.clave == recordado; });
-        if (it != modems.end()) {
-            elegido = static_cast<std::size_t>(it - modems.begin());
-        } else {
-            QStringList modelos;
-            for (const Modem& m : modems) {
-                modelos.append(QString::fromStdString(m.modelo));
-            }
-            elegido = static_cast<std::size_t>(
-                std::clamp(ElegirModem(modelos), 0, static_cast<int>(modems.size()) - 1));
-            preferencias.setValue("Modem/Clave", QString::fromStdString(modems[elegido].clave));
-        }
-    }
-    datos_.Registro.NombreLog(modems[elegido].rutaLog.string());
+    datos_.Registro.NombreLog(*ruta);
 }
 
 void fMain::AplicarCargaAlIniciar() {
@@ -273,113 +240,28 @@ void fMain::LeerEntradas() {
 
 void fMain::CargarRegistro() {
     try {
-        datos_.Registro.CargarLog();
+        sesion_.CargarRegistro();
     } catch (const Error& error) {
         throw Error(std::string("No se pudo leer el registro de llamadas: ") + error.what() +
                     "\nNo se escribira en el mientras el programa siga abierto, para no perder "
                     "el archivo.");
     }
-    registroLeido_ = true;
     // Calls made while the meter was closed.
-    registroMonitor_.UsarSesiones(datos_.Ajustes, entorno_.plataforma.sesiones);
-    if (const auto toma = registroMonitor_.TomarSesiones(datos_.Bono, datos_.Conexiones);
+    if (const auto toma = sesion_.TomarSesionesDelSistema(entorno_.plataforma.sesiones);
         !toma.Error.empty()) {
         throw Error(toma.Error);
     }
 }
 
-void fMain::CalcularPeriodo() {
-    const Fecha hoy = datos_.RelojPrograma.Hoy();
-    const Fecha primera = datos_.Registro.Count() > 0 ? datos_.Registro.Dia(0) : hoy;
-    const PeriodoFacturacion p =
-        PeriodoEnCurso(datos_.Bono.DiaFactura(), datos_.Bono.perFactura(), primera, hoy);
-    datos_.InicioPeriodo = p.inicio;
-    datos_.FinPeriodo = p.fin;
+void fMain::MostrarPeriodo() {
+    sesion_.CalcularPeriodo();
+    RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
 }
 
 void fMain::MostrarAjustes() {
     tabOpciones->Mostrar();
     tabFestivos->MostrarFestivos();
     tabBono->Mostrar();
-}
-
-void fMain::TickHora() {
-    Atender(monitor_.TickHora());
-}
-
-void fMain::TickEstado() {
-    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
-    fuente.Actualizar();
-    MonitorConexion::Sucesos sucesos = monitor_.TickEstado(
-        {fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()});
-    for (SucesoMonitor& s : monitor_.TickActual()) {
-        sucesos.push_back(std::move(s));
-    }
-    Atender(sucesos);
-}
-
-void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
-    for (const SucesoMonitor& s : sucesos) {
-        switch (s.tipo) {
-        case SucesoMonitor::Tipo::Sonar:
-            sonido_->Reproducir(QString::fromStdString(s.texto));
-            emit AvisoSonoro(static_cast<int>(s.motivo));
-            break;
-        case SucesoMonitor::Tipo::MostrarMini:
-            MostrarMini();
-            break;
-        case SucesoMonitor::Tipo::LlamadaIniciada:
-            // A demonstration shows every window a call can have.
-            if (entorno_.demostracion) {
-                MostrarMini();
-            }
-            break;
-        case SucesoMonitor::Tipo::LanzarPrograma:
-            ArrancarPrograma(this, QString::fromStdString(s.texto), [this](const QString& m) {
-                statusBar()->showMessage(m);
-                std::cerr << "Vorimesk: " << m.toStdString() << "\n";
-            });
-            break;
-        case SucesoMonitor::Tipo::RellenarRegistro:
-            CalcularPeriodo();
-            RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
-            break;
-        case SucesoMonitor::Tipo::BonoRenovado:
-            tabBono->Mostrar();
-            MostrarBono();
-            break;
-        case SucesoMonitor::Tipo::LogSinCerrar:
-            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
-                                     "con las de la proxima conexion.");
-            break;
-        case SucesoMonitor::Tipo::ErrorRegistro:
-            // Not modal: the timers go on while the user reads it.
-            statusBar()->showMessage(QString::fromStdString(s.texto));
-            std::cerr << "Vorimesk: " << s.texto << "\n";
-            break;
-        default:
-            // The call's own display (mini window included) is painted from
-            // the monitor's values below.
-            break;
-        }
-    }
-    MostrarPantalla();
-}
-
-void fMain::MostrarPantalla() {
-    const PantallaMonitor& p = monitor_.Pantalla();
-    panel->Mostrar(p);
-    if (mini_ != nullptr) {
-        mini_->Mostrar(p);
-    }
-    mnuOne->mnu(MenuBandeja::kConectar)->setEnabled(p.MenuConectar);
-    mnuOne->mnu(MenuBandeja::kDesconectar)->setEnabled(p.MenuDesconectar);
-    if (bandeja_ != nullptr) {
-        bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
-    }
-    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
-        MostrarBono();
-    }
 }
 
 void fMain::RellenaGrid(const CriteriosFiltro& criterios) {
@@ -395,10 +277,8 @@ std::vector<std::array<std::string, 10>> fMain::FilasVisibles() const {
 }
 
 void fMain::RegistroCambiado() {
-    registroSucio_ = true;
-    GuardarRegistro();
-    CalcularPeriodo();
-    RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
+    sesion_.RegistroCambiado();
+    MostrarPeriodo();
 }
 
 void fMain::CambioPestaña(int nueva) {
@@ -433,49 +313,16 @@ void fMain::MostrarResumen() {
     presupuesto_->Actualizar();
 }
 
-void fMain::MostrarBono() {
-    const auto grupo = static_cast<std::int16_t>(tabBono->Grupo());
-    const PantallaMonitor& p = monitor_.Pantalla();
-    // During a BonoNet call the live meter's figures are the ones to show.
-    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
-        tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), p.BonoGastado, p.BonoQueda);
-        return;
-    }
-    tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), datos_.Bono.TiempoGastadoGrupo(grupo),
-                            datos_.Bono.TotalTiempoGrupo(grupo));
-}
-
 void fMain::Recalcular() {
-    // A failure leaves every call as it was; a success is saved at once.
-    const RecalculoLog r =
-        datos_.Registro.ModificarLog(datos_.Bono, FestivosDeAjustes(datos_.Ajustes));
-    registroSucio_ = true;
-    GuardarRegistro();
+    const RecalculoLog r = sesion_.Recalcular();
     RellenaGrid(CriteriosFiltro::Periodo(datos_.InicioPeriodo, datos_.FinPeriodo));
     tabBono->Mostrar();
     MostrarBono();
     avisos::TarifasDesconocidas(this, r);
 }
 
-void fMain::GuardarRegistro() {
-    if (registroLeido_ && registroSucio_) {
-        datos_.Registro.SalvarLog();
-        registroSucio_ = false;
-    }
-}
-
-void fMain::GuardarAjustes() {
-    if (!ajustesGuardables_) {
-        return;
-    }
-    GuardarBono(datos_.Bono, datos_.Ajustes);
-    GuardarConexiones(datos_.Conexiones, datos_.Ajustes);
-    GuardarVariables(datos_.Carpeta / std::string(Settings::kNombreArchivo), datos_.Ajustes);
-}
-
 void fMain::GuardarTodo() {
-    GuardarRegistro();
-    GuardarAjustes();
+    sesion_.Guardar();
 }
 
 bool fMain::Terminar() {

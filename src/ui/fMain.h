@@ -1,19 +1,19 @@
 #pragma once
-// The main window: it owns the register, the settings, the BonoNet ledger
-// and the tray icon, and hosts the toolbar, the connection panel with the
-// live meter and the tabbed area SSTab1 (summary, dial-up entries, tariffs,
-// register grid, holidays, BonoNet and options). Cargar runs the load
-// sequence; the close box only hides the windows (to the tray, or minimised
-// when there is no tray), and only Terminar ends the program, saving
-// register and settings. The toolbar, the tray menu, the mini window and
-// always-on-top live in fMainEscritorio.cpp.
+// The main window over the user's session (Sesion: settings, BonoNet ledger,
+// pending list, register, tariff book, and when they are written): it asks,
+// shows and forwards. It holds the tray icon and hosts the toolbar, the
+// connection panel with the live meter and the tabbed area SSTab1 (summary,
+// dial-up entries, tariffs, register grid, holidays, BonoNet and options).
+// Cargar runs the load sequence; the close box only hides the windows (to the
+// tray, or minimised when there is no tray), and only Terminar ends the
+// program, the session saving what it keeps until the exit. The toolbar, the tray menu, the mini
+// window and always-on-top live in fMainEscritorio.cpp.
 
 #include "AnfitrionRegistro.h"
-#include "DatosVentana.h"
 #include "EntornoVentana.h"
-#include "LineaPlataforma.h"
 #include "monitor/MonitorConexion.h"
-#include "monitor/RegistroLog.h"
+#include "platform/LineaPlataforma.h"
+#include "session/Sesion.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -73,7 +73,7 @@ public:
     // The session ends (logout, SIGTERM): saves what can be saved, tells
     // nobody, and ends the event loop.
     void TerminarSesion();
-    // Saves the register when it has unsaved changes, and the settings.
+    // The session saves what it keeps until the exit.
     void GuardarTodo();
 
     // Window activation: looks for new dial-up entries and tells the user.
@@ -89,8 +89,6 @@ public:
     // monthly renewal of the bundles.
     void TickHora();
 
-    // Toolbar1 button `indice` was clicked.
-    void AlBoton(int indice);
     // Tray item 1 and toolbar button 3: flips "Siempre visible" and keeps
     // both in step.
     void CambiarSiempreVisible(bool arriba);
@@ -110,25 +108,10 @@ public:
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
 
-    DatosVentana& Datos() { return datos_; }
+    DatosSesion& Datos() { return datos_; }
     const MonitorConexion& Monitor() const { return monitor_; }
     const Listado& UltimoListado() const { return listado_; }
     QSystemTrayIcon* Bandeja() const { return bandeja_; }
-
-    QTabWidget* SSTab1 = nullptr;
-    PanelConexion* panel = nullptr;
-    TabResumen* tabResumen = nullptr;
-    TabConexiones* tabConexiones = nullptr;
-    TabTarifas* tabTarifas = nullptr;
-    TabRegistro* tabRegistro = nullptr;
-    TabFestivos* tabFestivos = nullptr;
-    TabBono* tabBono = nullptr;
-    TabOpciones* tabOpciones = nullptr;
-    BarraPrincipal* Toolbar1 = nullptr;
-    // Built even when the desktop has no tray, so its rules hold the same.
-    MenuBandeja* mnuOne = nullptr;
-    QTimer* tmEstado = nullptr;
-    QTimer* tmHora = nullptr;
 
 signals:
     // The alert sound was asked for (a MotivoAviso), whether or not the file
@@ -150,11 +133,10 @@ private:
     void AbrirArchivo();
     void AbrirGrafico();
     void LeerAjustes();
+    void CargarRegistro();
     void BuscarModem();
     void AplicarCargaAlIniciar();
     void LeerEntradas();
-    void CargarRegistro();
-    void CalcularPeriodo();
     void MostrarAjustes();
     void AplicarSiempreVisible();
     void Atender(const MonitorConexion::Sucesos& sucesos);
@@ -162,12 +144,28 @@ private:
     void MostrarResumen();
     void MostrarBono();
     void Recalcular();
-    void GuardarRegistro();
-    void GuardarAjustes();
+    // The register's grid shows the current period afresh.
+    void MostrarPeriodo();
+
+    // Found by their object names from outside (tests, screenshots).
+    QTabWidget* SSTab1 = nullptr;
+    PanelConexion* panel = nullptr;
+    TabResumen* tabResumen = nullptr;
+    TabConexiones* tabConexiones = nullptr;
+    TabTarifas* tabTarifas = nullptr;
+    TabRegistro* tabRegistro = nullptr;
+    TabFestivos* tabFestivos = nullptr;
+    TabBono* tabBono = nullptr;
+    TabOpciones* tabOpciones = nullptr;
+    BarraPrincipal* Toolbar1 = nullptr;
+    // Built even when the desktop has no tray, so its rules hold the same.
+    MenuBandeja* mnuOne = nullptr;
+    QTimer* tmEstado = nullptr;
+    QTimer* tmHora = nullptr;
 
     EntornoVentana entorno_;
-    DatosVentana datos_;
-    RegistroLog registroMonitor_;
+    Sesion sesion_;
+    DatosSesion& datos_ = sesion_.Datos();
     LineaPlataforma linea_;
     MonitorConexion monitor_;
     SonidoAviso* sonido_ = nullptr;
@@ -179,10 +177,6 @@ private:
     Listado listado_;
     int pestañaAnterior_ = kResumen;
     bool entradasNuevas_ = false;
-    // A register that could not be read is never written over.
-    bool registroLeido_ = false;
-    bool registroSucio_ = false;
-    bool ajustesGuardables_ = true;
     bool terminando_ = false;
     bool mostrada_ = false;
     std::optional<std::vector<std::string>> entradasSistema_;

@@ -32,14 +32,26 @@ namespace vorimesk {
 void fMain::ConstruirBarra() {
     Toolbar1 = new BarraPrincipal(this);
     addToolBar(Toolbar1);
-    connect(Toolbar1, &BarraPrincipal::Pulsado, this,
-            [this](int indice) { Proteger(this, [&] { AlBoton(indice); }); });
+    const auto al = [this](QAction* boton, auto hacer) {
+        connect(boton, &QAction::triggered, this, Protegido(this, std::move(hacer)));
+    };
+    al(Toolbar1->accSalir(), [this] { Terminar(); });
+    al(Toolbar1->accFijar(), [this] { CambiarSiempreVisible(Toolbar1->accFijar()->isChecked()); });
+    al(Toolbar1->accMini(), [this] { IrAMini(); });
+    al(Toolbar1->accConfigurar(), [] { herramientas::ConfiguracionRegional().Abrir(); });
+    al(Toolbar1->accImprimir(), [this] { AbrirImprimir(); });
+    al(Toolbar1->accArchivar(), [this] { AbrirArchivo(); });
+    al(Toolbar1->accGrafico(), [this] { AbrirGrafico(); });
+    al(Toolbar1->accCalculadora(), [] { herramientas::Calculadora().Abrir(); });
+    al(Toolbar1->accCalendario(), [] { herramientas::Calendario().Abrir(); });
+    al(Toolbar1->accInformacion(), [this] { MostrarAcercaDe(); });
+    al(Toolbar1->accAyuda(), [this] { AbrirAyuda(); });
 }
 
 void fMain::ConstruirMenuBandeja() {
     mnuOne = new MenuBandeja(this);
-    connect(mnuOne->mnu(MenuBandeja::kMini), &QAction::triggered, this, [this] { AlternarMini(); });
-    connect(mnuOne->mnu(MenuBandeja::kSiempreVisible), &QAction::triggered, this,
+    connect(mnuOne->mnuMini(), &QAction::triggered, this, [this] { AlternarMini(); });
+    connect(mnuOne->mnuSiempreVisible(), &QAction::triggered, this,
             [this] { CambiarSiempreVisible(!datos_.Ajustes.SiempreVisible); });
     connect(mnuOne, &MenuBandeja::ConectarCon, this, [this](const QString& entrada) {
         Proteger(this, [&] {
@@ -47,17 +59,16 @@ void fMain::ConstruirMenuBandeja() {
             linea_.Marcar(entrada.toStdString());
         });
     });
-    connect(mnuOne->mnu(MenuBandeja::kDesconectar), &QAction::triggered, this,
+    connect(mnuOne->mnuDesconectar(), &QAction::triggered, this,
             [this] { Proteger(this, [&] { Atender(monitor_.Soltar()); }); });
-    connect(mnuOne->mnu(MenuBandeja::kConfigurar), &QAction::triggered, this, [this] {
+    connect(mnuOne->mnuConfigurar(), &QAction::triggered, this, [this] {
         RestaurarVentanas();
         SSTab1->setCurrentIndex(kOpciones);
     });
-    connect(mnuOne->mnu(MenuBandeja::kAcercaDe), &QAction::triggered, this,
-            [this] { MostrarAcercaDe(); });
-    connect(mnuOne->mnu(MenuBandeja::kTerminar), &QAction::triggered, this, [this] { Terminar(); });
+    connect(mnuOne->mnuAcercaDe(), &QAction::triggered, this, [this] { MostrarAcercaDe(); });
+    connect(mnuOne->mnuTerminar(), &QAction::triggered, this, [this] { Terminar(); });
     // Nothing to hang up until a call comes up.
-    mnuOne->mnu(MenuBandeja::kDesconectar)->setEnabled(false);
+    mnuOne->mnuDesconectar()->setEnabled(false);
 }
 
 void fMain::HacerArrastrable() {
@@ -65,47 +76,6 @@ void fMain::HacerArrastrable() {
     for (QWidget* asa : panel->Asas()) {
         arrastre->Agarrar(asa);
     }
-}
-
-void fMain::AlBoton(int indice) {
-    switch (indice) {
-    case BarraPrincipal::kSalir:
-        Terminar();
-        break;
-    case BarraPrincipal::kFijar:
-        CambiarSiempreVisible(Toolbar1->Boton(BarraPrincipal::kFijar)->isChecked());
-        break;
-    case BarraPrincipal::kMini:
-        IrAMini();
-        break;
-    case BarraPrincipal::kConfigurar:
-        herramientas::ConfiguracionRegional().Abrir();
-        break;
-    case BarraPrincipal::kImprimir:
-        AbrirImprimir();
-        break;
-    case BarraPrincipal::kArchivar:
-        AbrirArchivo();
-        break;
-    case BarraPrincipal::kGrafico:
-        AbrirGrafico();
-        break;
-    case BarraPrincipal::kCalculadora:
-        herramientas::Calculadora().Abrir();
-        break;
-    case BarraPrincipal::kCalendario:
-        herramientas::Calendario().Abrir();
-        break;
-    case BarraPrincipal::kInformacion:
-        MostrarAcercaDe();
-        break;
-    case BarraPrincipal::kAyuda:
-        AbrirAyuda();
-        break;
-    default:
-        break;
-    }
-    mnuOne->mnu(MenuBandeja::kSiempreVisible)->setChecked(datos_.Ajustes.SiempreVisible);
 }
 
 void fMain::CambiarSiempreVisible(bool arriba) {
@@ -123,12 +93,12 @@ void fMain::AplicarSiempreVisible() {
             show();
         }
     }
-    Toolbar1->Boton(BarraPrincipal::kFijar)->setChecked(arriba);
-    mnuOne->mnu(MenuBandeja::kSiempreVisible)->setChecked(arriba);
+    Toolbar1->accFijar()->setChecked(arriba);
+    mnuOne->mnuSiempreVisible()->setChecked(arriba);
 }
 
 void fMain::AlternarMini() {
-    if (mnuOne->mnu(MenuBandeja::kMini)->text() == MenuBandeja::kIrAMini) {
+    if (mnuOne->mnuMini()->text() == MenuBandeja::kIrAMini) {
         IrAMini();
     } else {
         IrANormal();
@@ -154,7 +124,7 @@ void fMain::MostrarMini() {
     }
     mini_->show();
     mini_->raise();
-    mnuOne->mnu(MenuBandeja::kMini)->setText(MenuBandeja::kIrANormal);
+    mnuOne->mnuMini()->setText(MenuBandeja::kIrANormal);
 }
 
 void fMain::IrAMini() {
@@ -167,7 +137,7 @@ void fMain::IrANormal() {
         mini_->close();
     }
     RestaurarVentanas();
-    mnuOne->mnu(MenuBandeja::kMini)->setText(MenuBandeja::kIrAMini);
+    mnuOne->mnuMini()->setText(MenuBandeja::kIrAMini);
 }
 
 void fMain::RestaurarVentanas() {

@@ -26,13 +26,6 @@ public:
     // Top right of the screen it is on, clear of the panel.
     void Colocar();
 
-    QLabel* lTarifa = nullptr;
-    QLabel* lBono = nullptr;
-    QLabel* lGasto = nullptr;
-    QLabel* lTiempo = nullptr;
-    QLabel* shEstado = nullptr;
-    QPushButton* cmdCerrar = nullptr;
-
 signals:
     void Cerrada();
     void VentanaNormal();
@@ -42,6 +35,13 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
 
 private:
+    QLabel* lTarifa = nullptr;
+    QLabel* lBono = nullptr;
+    QLabel* lGasto = nullptr;
+    QLabel* lTiempo = nullptr;
+    QLabel* shEstado = nullptr;
+    QPushButton* cmdCerrar = nullptr;
+
     EtiquetasMedidor medidor_;
 };
 

@@ -20,6 +20,7 @@ public:
     // closed without a choice.
     int Elegido() const;
 
+private:
     QLabel* Label1 = nullptr;
     QListWidget* List1 = nullptr;
     QPushButton* OKButton = nullptr;

@@ -69,6 +69,21 @@ fPelmorad::fPelmorad(std::filesystem::path carpeta, QWidget* padre)
     auto* fila = new QHBoxLayout(central);
     fila->addWidget(CrearLista());
     fila->addWidget(CrearDerecha(), 1);
+    // Found by their names from outside (tests, screenshots).
+    lstTarifas->setObjectName("lstTarifas");
+    lstProblemas->setObjectName("lstProblemas");
+    panel->setObjectName("panel");
+    cmdAñadir->setObjectName("cmdAñadir");
+    cmdCopiar->setObjectName("cmdCopiar");
+    cmdEliminar->setObjectName("cmdEliminar");
+    cmdRenombrar->setObjectName("cmdRenombrar");
+    cmdSubir->setObjectName("cmdSubir");
+    cmdBajar->setObjectName("cmdBajar");
+    accGuardar->setObjectName("accGuardar");
+    accImportar->setObjectName("accImportar");
+    accExportar->setObjectName("accExportar");
+    accRestaurar->setObjectName("accRestaurar");
+    accSalir->setObjectName("accSalir");
     setCentralWidget(central);
     Cargar();
 }

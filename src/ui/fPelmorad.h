@@ -38,6 +38,10 @@ public:
     bool ExportarA(const QString& ruta);
     bool RestaurarDeSerie();
 
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
     QListWidget* lstTarifas = nullptr;
     QPushButton* cmdAñadir = nullptr;
     QPushButton* cmdCopiar = nullptr;
@@ -53,10 +57,6 @@ public:
     QAction* accRestaurar = nullptr;
     QAction* accSalir = nullptr;
 
-protected:
-    void closeEvent(QCloseEvent* e) override;
-
-private:
     QWidget* CrearLista();
     QWidget* CrearDerecha();
     void CrearAcciones();

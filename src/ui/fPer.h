@@ -24,9 +24,6 @@ class fPer : public QDialog {
 public:
     explicit fPer(const Reloj& reloj, QWidget* padre = nullptr);
 
-    QComboBox* cmbAño = nullptr;
-    QListWidget* lvPer = nullptr;
-
     // Hands the period back to the opener and closes.
     void Elegir(QListWidgetItem* elemento);
 
@@ -34,6 +31,9 @@ public slots:
     void reject() override;
 
 private:
+    QComboBox* cmbAño = nullptr;
+    QListWidget* lvPer = nullptr;
+
     void TomarParametros();
     void LlenarAños();
     void ElegirAño(int indice);

@@ -25,6 +25,10 @@ fProgramas::fProgramas(std::vector<std::string>& programas, QWidget* padre)
     cmdBorrar = new QPushButton("&Borrar", this);
     cmdBorrarTodos = new QPushButton("Borrar &Todos", this);
     cmdCerrar = new QPushButton("&Cerrar", this);
+    cmdAñadir->setObjectName("cmdAñadir");
+    cmdBorrar->setObjectName("cmdBorrar");
+    cmdBorrarTodos->setObjectName("cmdBorrarTodos");
+    cmdCerrar->setObjectName("cmdCerrar");
     connect(cmdAñadir, &QPushButton::clicked, this, &fProgramas::Añadir);
     connect(cmdBorrar, &QPushButton::clicked, this, &fProgramas::Borrar);
     connect(cmdBorrarTodos, &QPushButton::clicked, listPro, &QListWidget::clear);

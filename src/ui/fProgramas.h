@@ -27,15 +27,15 @@ public:
     // That dialog, not yet shown, on the first choice of its filter.
     static std::unique_ptr<QFileDialog> CrearDialogoAbrir(QWidget* padre);
 
+    void done(int resultado) override;
+
+private:
     QListWidget* listPro = nullptr;
     QPushButton* cmdAñadir = nullptr;
     QPushButton* cmdBorrar = nullptr;
     QPushButton* cmdBorrarTodos = nullptr;
     QPushButton* cmdCerrar = nullptr;
 
-    void done(int resultado) override;
-
-private:
     void Añadir();
     void Borrar();
 

@@ -25,10 +25,10 @@ TEST_F(Estados, CadaFilaDeLaTabla) {
     // Estado de pantalla, color del indicador, etiquetas de llamada y lista
     // de conexiones.
     const auto fila = [&] {
-        return std::tuple(p.EstadoPantalla, p.ColorIndicador, p.EtiquetasLlamada,
+        return std::tuple(Codigo(p.EstadoPantalla), p.ColorIndicador, p.EtiquetasLlamada,
                           p.ListaConexiones);
     };
-    EXPECT_EQ(p.EstadoPantalla, 0);
+    EXPECT_EQ(Codigo(p.EstadoPantalla), 0);
     EXPECT_EQ(p.PuntaBandeja, "Vorimesk  Desconectado.");
     EXPECT_FALSE(p.MenuDesconectar);
 
@@ -73,7 +73,7 @@ TEST_F(Estados, UnaMarcacionFallidaNoAbreLlamada) {
     EXPECT_EQ(pendientes.Count(), 0);
     EXPECT_TRUE(linea.colgadas.empty());
     EXPECT_EQ(registro.lecturas, 0);
-    EXPECT_EQ(Monitor().Pantalla().EstadoPantalla, 4);
+    EXPECT_EQ(Codigo(Monitor().Pantalla().EstadoPantalla), 4);
 }
 
 TEST_F(Estados, MuchosTicksConectadosInicianUnaVez) {
@@ -156,7 +156,7 @@ TEST_F(Estados, CaerDe2AMenos1Oa3TambienTerminaLaLlamada) {
     Ticks(10, kConectado, "Casa");
     registro.LogCompleto();
     EXPECT_EQ(Resumen(Ticks(1, kNada)), "terminada anotadas rellenar");
-    EXPECT_EQ(Monitor().Pantalla().EstadoPantalla, 4);
+    EXPECT_EQ(Codigo(Monitor().Pantalla().EstadoPantalla), 4);
 
     // El origen paso directamente a marcar otra vez.
     Ticks(10, kConectado, "Casa");

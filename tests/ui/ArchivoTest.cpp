@@ -3,10 +3,11 @@
 #include "AnfitrionFalso.h"
 #include "CarpetaTemporal.h"
 #include "Controles.h"
+#include "RespuestasDialogo.h"
 #include "register/Copias.h"
 #include "tariff/cBono.h"
-#include "ui/AvisoError.h"
 #include "ui/ListaCarpetas.h"
+#include "ui/Mensajes.h"
 #include "ui/PanelLogo.h"
 #include "ui/fArchivo.h"
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 namespace fs = std::filesystem;
 
 namespace {
@@ -28,11 +30,10 @@ protected:
         anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, reloj.Hoy());
         bono.DiaFactura(15);
         bono.perFactura(1);
-        DesviarAvisos([this](const QString& t) { avisos << t; });
     }
     void TearDown() override {
-        DesviarAvisos({});
-        EXPECT_TRUE(avisos.isEmpty()) << avisos.join("\n").toStdString();
+        // Every box a test did not expect was closed and is counted here.
+        EXPECT_EQ(respuestas.Vistas().size(), vistasEsperadas);
     }
     void Llamada(Log& r, int m, int d) {
         r.AñadirItem(Fecha::Crear(2026, m, d), Fecha::DesdeSegundos(72000), "00:10:00", "12.5", 1,
@@ -54,9 +55,9 @@ protected:
         c.GuardarIndice();
     }
     static void ElegirArchivo(fArchivo& w, const QString& nombre) {
-        const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+        const auto e = Control<QListWidget>(&w, "File1")->findItems(nombre, Qt::MatchExactly);
         ASSERT_EQ(e.size(), 1) << nombre.toStdString();
-        w.File1->setCurrentItem(e.front());
+        Control<QListWidget>(&w, "File1")->setCurrentItem(e.front());
     }
     std::string Indice() { return Leer(dir / "Copias" / "Index.dat"); }
     static int Lineas(const std::string& texto) {
@@ -68,24 +69,25 @@ protected:
     std::unique_ptr<Log> registro;
     std::unique_ptr<cLlamada> libro;
     std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
-    QStringList avisos;
+    prueba::RespuestasDialogo respuestas;
+    std::size_t vistasEsperadas = 0;
 };
 
 } // namespace
 
 TEST_F(ArchivoTest, SiguienteEsperaAQueSeElijaUnaAccion) {
     auto w = Abrir();
-    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    EXPECT_FALSE(Control<QPushButton>(w.get(), "cmdSiguiente")->isEnabled());
     // Focus on the list marks its first row current, which is no choice.
     QFocusEvent foco(QEvent::FocusIn, Qt::TabFocusReason);
-    QApplication::sendEvent(w->lAccion->viewport(), &foco);
-    QApplication::sendEvent(w->lAccion, &foco);
-    EXPECT_EQ(w->lAccion->currentRow(), 0);
-    EXPECT_FALSE(w->cmdSiguiente->isEnabled());
+    QApplication::sendEvent(Control<QListWidget>(w.get(), "lAccion")->viewport(), &foco);
+    QApplication::sendEvent(Control<QListWidget>(w.get(), "lAccion"), &foco);
+    EXPECT_EQ(Control<QListWidget>(w.get(), "lAccion")->currentRow(), 0);
+    EXPECT_FALSE(Control<QPushButton>(w.get(), "cmdSiguiente")->isEnabled());
     w->Siguiente();
-    EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 1");
-    w->lAccion->setCurrentRow(2);
-    EXPECT_TRUE(w->cmdSiguiente->isEnabled());
+    EXPECT_EQ(Control<PanelLogo>(w.get(), "picLogo")->Logo().Caption(), "Paso 1");
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(2);
+    EXPECT_TRUE(Control<QPushButton>(w.get(), "cmdSiguiente")->isEnabled());
     EXPECT_EQ(w->Pasos().Accion(), PasosArchivo::kVer);
 }
 
@@ -94,13 +96,13 @@ TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     Llamada(*registro, 2, 1);
     Llamada(*registro, 2, 2);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(0);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(0);
     w->Siguiente();
     w->Siguiente();
-    EXPECT_EQ(w->txtNombre->text(), "Copia000.CPR");
-    w->txtDescripcion->setText("Invierno");
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtNombre")->text(), "Copia000.CPR");
+    Control<QLineEdit>(w.get(), "txtDescripcion")->setText("Invierno");
     w->Siguiente();
-    w->cmdFinalizar->click();
+    Control<QPushButton>(w.get(), "cmdFinalizar")->click();
 
     EXPECT_EQ(w->result(), QDialog::Accepted);
     EXPECT_EQ(registro->Count(), 0);
@@ -115,14 +117,15 @@ TEST_F(ArchivoTest, ArchivarHastaElPeriodoCerradoYConservar) {
     Llamada(*registro, 2, 1);
     Llamada(*registro, 3, 17);
     auto w = Abrir();
-    EXPECT_EQ(w->lHasta->text(), "20/03/2026");
-    w->lAccion->setCurrentRow(0);
+    EXPECT_EQ(Control<QLabel>(w.get(), "lHasta")->text(), "20/03/2026");
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(0);
     w->Siguiente();
-    w->Option7->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
-    EXPECT_EQ(w->lHasta->text(), "15/02/2026");
+    Control<QRadioButton>(w.get(), "Option7")
+        ->setChecked(true); // par bimensual, dia 15: el periodo en curso empieza el 16/02
+    EXPECT_EQ(Control<QLabel>(w.get(), "lHasta")->text(), "15/02/2026");
     w->Siguiente();
     w->Siguiente();
-    w->Option2->setChecked(true);
+    Control<QRadioButton>(w.get(), "Option2")->setChecked(true);
     w->Finalizar();
     EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia000.CPR")), 1);
     EXPECT_EQ(registro->Count(), 2);
@@ -134,16 +137,16 @@ TEST_F(ArchivoTest, RecuperarGuardandoAntesYCancelarDespues) {
     Llamada(*registro, 3, 2);
     CopiaPrevia("Copia000.CPR", 1);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(1);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(1);
     w->Siguiente();
     w->Siguiente();
-    EXPECT_EQ(w->txtNombre->text(), "Copia001.CPR");
-    w->txtDescripcion->setText("Marzo");
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtNombre")->text(), "Copia001.CPR");
+    Control<QLineEdit>(w.get(), "txtDescripcion")->setText("Marzo");
     w->Siguiente(); // guarda las llamadas actuales ya aqui
     EXPECT_EQ(Lineas(Leer(dir / "Copias" / "Copia001.CPR")), 2);
     ElegirArchivo(*w, "Copia000.CPR");
-    EXPECT_EQ(w->txtDescripcion2->text(), "Enero");
-    w->cmdSalir->click();
+    EXPECT_EQ(Control<QLineEdit>(w.get(), "txtDescripcion2")->text(), "Enero");
+    Control<QPushButton>(w.get(), "cmdSalir")->click();
 
     EXPECT_EQ(registro->Count(), 2);
     EXPECT_EQ(anfitrion->cambios, 0);
@@ -155,14 +158,14 @@ TEST_F(ArchivoTest, RecuperarGuardandoAntesSustituyeElRegistroPorLaCopia) {
     Llamada(*registro, 3, 2);
     CopiaPrevia("Copia000.CPR", 2); // 10 and 11 January
     auto w = Abrir();
-    w->lAccion->setCurrentRow(1);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(1);
     w->Siguiente();
-    EXPECT_TRUE(w->Option4->isChecked());
+    EXPECT_TRUE(Control<QRadioButton>(w.get(), "Option4")->isChecked());
     w->Siguiente();
-    w->txtDescripcion->setText("Marzo");
+    Control<QLineEdit>(w.get(), "txtDescripcion")->setText("Marzo");
     w->Siguiente();
     ElegirArchivo(*w, "Copia000.CPR");
-    w->cmdFinalizar->click();
+    Control<QPushButton>(w.get(), "cmdFinalizar")->click();
     EXPECT_EQ(w->result(), QDialog::Accepted);
 
     // Only the restored calls, in date order; the ones there before are in
@@ -178,12 +181,14 @@ TEST_F(ArchivoTest, RecuperarSustituyendoDejaSoloLaCopia) {
     Llamada(*registro, 3, 1);
     CopiaPrevia("Copia000.CPR", 2);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(1);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(1);
     w->Siguiente();
-    w->Option3->setChecked(true);
+    Control<QRadioButton>(w.get(), "Option3")->setChecked(true);
     w->Siguiente();
     ElegirArchivo(*w, "Copia000.CPR");
-    emit w->File1->itemDoubleClicked(w->File1->currentItem()); // como "&Finalizar"
+    emit Control<QListWidget>(w.get(), "File1")
+        ->itemDoubleClicked(
+            Control<QListWidget>(w.get(), "File1")->currentItem()); // como "&Finalizar"
     EXPECT_EQ(w->result(), QDialog::Accepted);
     EXPECT_EQ(registro->Count(), 2);
     EXPECT_EQ(registro->Dia(0), Fecha::Crear(2026, 1, 10));
@@ -195,17 +200,17 @@ TEST_F(ArchivoTest, VerNoTocaElRegistro) {
     Llamada(*registro, 3, 1);
     CopiaPrevia("Copia000.CPR", 3);
     auto w = Abrir();
-    w->lAccion->setCurrentRow(2);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(2);
     w->Siguiente();
     ElegirArchivo(*w, "Copia000.CPR");
     w->Siguiente();
-    ASSERT_EQ(w->Grid1->rowCount(), 3);
-    EXPECT_EQ(w->Grid1->item(0, 3)->text(), "12.5");
-    EXPECT_EQ(w->lPeriodo->text(), "10/01/2026 - 12/01/2026");
+    ASSERT_EQ(Control<QTableWidget>(w.get(), "Grid1")->rowCount(), 3);
+    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->item(0, 3)->text(), "12.5");
+    EXPECT_EQ(Control<QLabel>(w.get(), "lPeriodo")->text(), "10/01/2026 - 12/01/2026");
     // Atras y otra vez adelante: la lista no se duplica.
     w->Atras();
     w->Siguiente();
-    EXPECT_EQ(w->Grid1->rowCount(), 3);
+    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->rowCount(), 3);
     w->Finalizar();
     EXPECT_EQ(registro->Count(), 1);
     EXPECT_EQ(anfitrion->cambios, 0);
@@ -215,15 +220,17 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
     CopiaPrevia("Copia000.CPR", 1);
     for (bool cancelar : {true, false}) {
         auto w = Abrir();
-        w->lAccion->setCurrentRow(3);
+        Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(3);
         w->Siguiente();
         ElegirArchivo(*w, "Copia000.CPR");
         w->Siguiente();
-        EXPECT_TRUE(w->Option6->isChecked());
+        EXPECT_TRUE(Control<QRadioButton>(w.get(), "Option6")->isChecked());
         w->Finalizar(); // con "&No" no termina
         EXPECT_TRUE(fs::exists(dir / "Copias" / "Copia000.CPR"));
-        w->Option5->setChecked(true);
-        (cancelar ? w->cmdSalir : w->cmdFinalizar)->click();
+        Control<QRadioButton>(w.get(), "Option5")->setChecked(true);
+        (cancelar ? Control<QPushButton>(w.get(), "cmdSalir")
+                  : Control<QPushButton>(w.get(), "cmdFinalizar"))
+            ->click();
     }
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia000.CPR"));
     EXPECT_EQ(Lineas(Indice()), 2); // el nombre sigue en el indice
@@ -232,11 +239,11 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
 TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {
     Escribir(dir / "Copias" / "Roto.CPR", "esto no es una llamada\r\n");
     auto w = Abrir();
-    w->lAccion->setCurrentRow(2);
+    Control<QListWidget>(w.get(), "lAccion")->setCurrentRow(2);
     w->Siguiente();
     ElegirArchivo(*w, "Roto.CPR");
     w->Siguiente();
-    EXPECT_EQ(avisos.size(), 1);
-    avisos.clear();
-    EXPECT_EQ(w->picLogo->Logo().Caption(), "Paso 2 de 3");
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+    vistasEsperadas = 1;
+    EXPECT_EQ(Control<PanelLogo>(w.get(), "picLogo")->Logo().Caption(), "Paso 2 de 3");
 }

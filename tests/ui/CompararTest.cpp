@@ -40,10 +40,10 @@ protected:
 
 TEST_F(Comparar, ElBotonDelRegistroAbreLaComparacionDeLasLlamadasListadas) {
     auto v = Abrir();
-    v->SSTab1->setCurrentWidget(v->tabRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
     const int listadas = v->UltimoListado().NumeroLlamadas;
     ASSERT_GT(listadas, 0);
-    v->tabRegistro->cmdComparar->click();
+    Control<QPushButton>(v.get(), "cmdComparar")->click();
     auto* c = v->findChild<fComparar*>();
     ASSERT_NE(c, nullptr);
     EXPECT_EQ(c->windowTitle(), "Comparar tarifas");
@@ -78,7 +78,7 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     auto* vigia = v->findChild<VigiaPresupuesto*>();
     ASSERT_NE(vigia, nullptr);
     QSignalSpy avisos(vigia, &VigiaPresupuesto::AvisoPresupuesto);
-    PanelPrevision* p = v->tabResumen->prevision;
+    PanelPrevision* p = Control<PanelPrevision>(v.get(), "PanelPrevision");
     // The period runs from 16 March to 15 April: 20 March is day 5 of 31,
     // with the calls of the 17th and the 20th.
     EXPECT_EQ(p->lGastadoPrev->text(), "100.00 (dia 5 de 31)");
@@ -86,12 +86,12 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     EXPECT_EQ(p->lPresupuesto->text(), "sin presupuesto");
     EXPECT_FALSE(p->lRegla->text().isEmpty());
 
-    auto* presupuesto = v->tabOpciones->findChild<MarcoPresupuesto*>();
+    auto* presupuesto = Control<TabOpciones>(v.get(), "TabOpciones")->findChild<MarcoPresupuesto*>();
     ASSERT_NE(presupuesto, nullptr);
-    v->SSTab1->setCurrentWidget(v->tabOpciones);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
     presupuesto->txtPresupuesto->setText("300");
     ASSERT_TRUE(presupuesto->Guardar());
-    v->SSTab1->setCurrentWidget(v->tabResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(avisos[0][0].toString().contains("620.00"));
     // Without a tray (as here) the window's status bar tells it too.
@@ -99,21 +99,21 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     EXPECT_FALSE(p->lAvisoPresupuesto->text().isEmpty());
     EXPECT_EQ(p->lPorDia->text(), "7.69 en cada uno de los 26 dias que quedan");
     // Coming back to the summary, or a new listing, does not sound it again.
-    v->SSTab1->setCurrentWidget(v->tabRegistro);
-    v->SSTab1->setCurrentWidget(v->tabResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     v->RellenaGrid(CriteriosFiltro::Periodo(v->InicioPeriodo(), v->FinPeriodo()));
     EXPECT_EQ(avisos.count(), 1);
 
     // A budget the pace keeps within: no alert, and a word that does not
     // read is refused and changes nothing.
-    v->SSTab1->setCurrentWidget(v->tabOpciones);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
     presupuesto->txtPresupuesto->setText("1000");
     ASSERT_TRUE(presupuesto->Guardar());
     presupuesto->txtPresupuesto->setText("mucho");
     EXPECT_FALSE(presupuesto->Guardar());
     EXPECT_EQ(presupuesto->txtPresupuesto->text(), "1000");
     EXPECT_FALSE(presupuesto->lEstadoPresupuesto->text().isEmpty());
-    v->SSTab1->setCurrentWidget(v->tabResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(p->lAvisoPresupuesto->text().isEmpty());
     EXPECT_EQ(p->lPresupuesto->text(), "1000.00");

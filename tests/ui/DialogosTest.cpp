@@ -29,33 +29,33 @@ TEST(DialogoBono, UnBonoNuevoIdaYVuelta) {
     BonoGuardado inicial;
     inicial.Alta = F(2026, 3, 20);
     fBono d(inicial, true, F(2026, 3, 20));
-    EXPECT_FALSE(d.fecBaja->isEnabled());
+    EXPECT_FALSE(Control<QDateEdit>(&d, "fecBaja")->isEnabled());
     // The kind fills in its full time.
-    d.cmbTipo->setCurrentIndex(3);
-    EXPECT_EQ(d.txtTiempo->text(), "50:00:00");
-    d.fecAlta->setDate(QDate(2026, 3, 1));
-    d.txtTiempo->setText("49:10:05");
+    Control<QComboBox>(&d, "cmbTipo")->setCurrentIndex(3);
+    EXPECT_EQ(Control<EditorTiempo>(&d, "txtTiempo")->text(), "50:00:00");
+    Control<QDateEdit>(&d, "fecAlta")->setDate(QDate(2026, 3, 1));
+    Control<EditorTiempo>(&d, "txtTiempo")->setText("49:10:05");
     EXPECT_EQ(d.Resultado(), (BonoGuardado{3, F(2026, 3, 1), FechaVariante::Vacia(), "49:10:05"}));
     EXPECT_TRUE(d.Problema().isEmpty());
 
     // Giving it up starts on today.
-    d.chkBaja->click();
+    Control<QCheckBox>(&d, "chkBaja")->click();
     EXPECT_EQ(d.Resultado().Baja, FechaVariante::De(F(2026, 3, 20)));
 }
 
 TEST(DialogoBono, UnBonoExistenteConservaSuTipoYSuMarcaDeBaja) {
     const BonoGuardado nulo{1, F(2026, 1, 2), FechaVariante::Nula(), "12:00:00"};
     fBono d(nulo, false, F(2026, 3, 20));
-    EXPECT_EQ(d.cmbTipo->currentText(), "50DIA");
+    EXPECT_EQ(Control<QComboBox>(&d, "cmbTipo")->currentText(), "50DIA");
     EXPECT_EQ(d.Resultado(), nulo); // #NULL# survives an unchanged dialog
-    d.chkBaja->click();
-    d.chkBaja->click();
+    Control<QCheckBox>(&d, "chkBaja")->click();
+    Control<QCheckBox>(&d, "chkBaja")->click();
     EXPECT_EQ(d.Resultado().Baja, FechaVariante::Nula());
 
     const BonoGuardado dado{0, F(2026, 1, 2), FechaVariante::De(F(2026, 2, 1)), "03:00:00"};
     fBono e(dado, false, F(2026, 3, 20));
-    EXPECT_EQ(e.fecBaja->date(), QDate(2026, 2, 1));
-    e.chkBaja->click(); // taken back into use
+    EXPECT_EQ(Control<QDateEdit>(&e, "fecBaja")->date(), QDate(2026, 2, 1));
+    Control<QCheckBox>(&e, "chkBaja")->click(); // taken back into use
     EXPECT_EQ(e.Resultado().Baja, FechaVariante::Vacia());
 }
 
@@ -71,31 +71,32 @@ TEST(DialogoBono, ValoresQueNoSeAceptan) {
     BonoGuardado inicial;
     inicial.Alta = F(2026, 3, 20);
     fBono d(inicial, true, F(2026, 3, 20));
-    d.txtTiempo->setText("10:00:01");
+    Control<EditorTiempo>(&d, "txtTiempo")->setText("10:00:01");
     EXPECT_FALSE(d.Problema().isEmpty());
-    d.txtTiempo->setText("9:5");
+    Control<EditorTiempo>(&d, "txtTiempo")->setText("9:5");
     EXPECT_FALSE(d.Problema().isEmpty());
-    d.txtTiempo->setText("09:59:00");
-    d.chkBaja->click();
-    d.fecBaja->setDate(QDate(2026, 3, 19));
+    Control<EditorTiempo>(&d, "txtTiempo")->setText("09:59:00");
+    Control<QCheckBox>(&d, "chkBaja")->click();
+    Control<QDateEdit>(&d, "fecBaja")->setDate(QDate(2026, 3, 19));
     EXPECT_EQ(d.Problema(), "La fecha de baja no puede ser anterior a la de alta.");
 
     // "&Aceptar" tells the user and keeps the dialog open.
     RespuestasDialogo respuestas;
     respuestas.Responder(QMessageBox::Ok);
     d.show();
-    d.cmdAceptar->click();
+    Control<QPushButton>(&d, "cmdAceptar")->click();
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
     EXPECT_TRUE(d.isVisible());
-    d.fecBaja->setDate(QDate(2026, 3, 21));
-    d.cmdAceptar->click();
+    Control<QDateEdit>(&d, "fecBaja")->setDate(QDate(2026, 3, 21));
+    Control<QPushButton>(&d, "cmdAceptar")->click();
     EXPECT_EQ(d.result(), QDialog::Accepted);
 }
 
 TEST(DialogoModem, EligeConAceptarOConDobleClic) {
     fModem d({"Interno", "USB", "Bluetooth"});
-    d.List1->setCurrentRow(2);
-    emit d.List1->itemDoubleClicked(d.List1->item(2));
+    Control<QListWidget>(&d, "List1")->setCurrentRow(2);
+    emit Control<QListWidget>(&d, "List1")
+        ->itemDoubleClicked(Control<QListWidget>(&d, "List1")->item(2));
     EXPECT_EQ(d.result(), QDialog::Accepted);
     EXPECT_EQ(d.Elegido(), 2);
 }
@@ -106,21 +107,21 @@ TEST(DialogoProgramas, EditaLaListaYLaDevuelveAlCerrar) {
         fProgramas d(programas);
         QString siguiente;
         d.ElegirArchivo = [&] { return siguiente; };
-        d.cmdAñadir->click();           // cancelled: nothing added
-        siguiente = "/usr/bin/firefox"; // duplicates are allowed
-        d.cmdAñadir->click();
+        Control<QPushButton>(&d, "cmdAñadir")->click(); // cancelled: nothing added
+        siguiente = "/usr/bin/firefox";                 // duplicates are allowed
+        Control<QPushButton>(&d, "cmdAñadir")->click();
         // Edits reach the list only when the dialog closes.
         EXPECT_EQ(programas.size(), 2u);
-        d.listPro->setCurrentRow(0);
-        d.cmdBorrar->click();
-        d.listPro->clearSelection();
-        d.cmdBorrar->click(); // nothing selected: nothing removed
-        d.cmdCerrar->click();
+        Control<QListWidget>(&d, "listPro")->setCurrentRow(0);
+        Control<QPushButton>(&d, "cmdBorrar")->click();
+        Control<QListWidget>(&d, "listPro")->clearSelection();
+        Control<QPushButton>(&d, "cmdBorrar")->click(); // nothing selected: nothing removed
+        Control<QPushButton>(&d, "cmdCerrar")->click();
     }
     EXPECT_EQ(programas, (std::vector<std::string>{"/usr/bin/thunderbird", "/usr/bin/firefox"}));
 
     fProgramas d(programas);
-    d.cmdBorrarTodos->click();
+    Control<QPushButton>(&d, "cmdBorrarTodos")->click();
     d.reject(); // the close box commits as well
     EXPECT_TRUE(programas.empty());
 }

@@ -16,13 +16,14 @@ using namespace vorimesk::prueba;
 
 namespace {
 
-QString Leyenda(const fMain& v, int item) {
-    return v.mnuOne->mnu(item)->text();
+QString LeyendaMini(const fMain& v) {
+    return Control<QAction>(&v, "mnuMini")->text();
 }
 
 // The frame of the live meter's figures.
 QGroupBox* MarcoMedidor(const fMain& v) {
-    return qobject_cast<QGroupBox*>(v.panel->lTiempo->parentWidget());
+    return qobject_cast<QGroupBox*>(
+        Control<QLabel>(Control<PanelConexion>(&v, "panel"), "lTiempo")->parentWidget());
 }
 
 bool EncimaDeTodo(const QWidget& w) {
@@ -48,8 +49,8 @@ protected:
 
 TEST_F(Escritorio, SiempreVisibleVaALaParEnBarraYBandeja) {
     auto v = AbrirVisible();
-    QAction* chincheta = v->Toolbar1->Boton(BarraPrincipal::kFijar);
-    QAction* item = v->mnuOne->mnu(MenuBandeja::kSiempreVisible);
+    QAction* chincheta = Control<QAction>(v.get(), "accFijar");
+    QAction* item = Control<QAction>(v.get(), "mnuSiempreVisible");
     ASSERT_FALSE(chincheta->isChecked());
 
     chincheta->trigger();
@@ -67,49 +68,49 @@ TEST_F(Escritorio, SiempreVisibleVaALaParEnBarraYBandeja) {
     s.SiempreVisible = true;
     EscribirAjustes(s);
     auto otra = Abrir();
-    EXPECT_TRUE(otra->Toolbar1->Boton(BarraPrincipal::kFijar)->isChecked());
-    EXPECT_TRUE(otra->mnuOne->mnu(MenuBandeja::kSiempreVisible)->isChecked());
+    EXPECT_TRUE(Control<QAction>(otra.get(), "accFijar")->isChecked());
+    EXPECT_TRUE(Control<QAction>(otra.get(), "mnuSiempreVisible")->isChecked());
 }
 
 TEST_F(Escritorio, IdaYVueltaDeLaMiniVentana) {
     auto v = AbrirVisible();
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_TRUE(EncimaDeTodo(*v->Mini()));
     EXPECT_FALSE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
+    EXPECT_EQ(LeyendaMini(*v), "&Ventana normal");
 
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     QApplication::processEvents(); // the mini window is deleted on close
     EXPECT_EQ(v->Mini(), nullptr);
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+    EXPECT_EQ(LeyendaMini(*v), "&MiniVentana");
 
     // From the toolbar, then closed with its own button: the tray item is
     // left as it was. Offscreen there is no tray to come back from, so the
     // normal window comes back at once.
-    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    Control<QAction>(v.get(), "accMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
-    v->Mini()->cmdCerrar->click();
+    Control<QPushButton>(v->Mini(), "cmdCerrar")->click();
     QApplication::processEvents();
     EXPECT_TRUE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&Ventana normal");
-    v->mnuOne->mnu(MenuBandeja::kMini)->trigger();
+    EXPECT_EQ(LeyendaMini(*v), "&Ventana normal");
+    Control<QAction>(v.get(), "mnuMini")->trigger();
     EXPECT_TRUE(v->isVisible());
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+    EXPECT_EQ(LeyendaMini(*v), "&MiniVentana");
 }
 
 TEST_F(Escritorio, LaMiniVentanaLlevaALaNormalConDobleClicYSuMenu) {
     auto v = AbrirVisible();
-    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    Control<QAction>(v.get(), "accMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     ASSERT_FALSE(v->isVisible());
-    QTest::mouseDClick(v->Mini()->lTiempo, Qt::LeftButton);
+    QTest::mouseDClick(Control<QLabel>(v->Mini(), "lTiempo"), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_TRUE(v->isVisible());
     EXPECT_EQ(v->Mini(), nullptr);
-    EXPECT_EQ(Leyenda(*v, MenuBandeja::kMini), "&MiniVentana");
+    EXPECT_EQ(LeyendaMini(*v), "&MiniVentana");
 
-    v->Toolbar1->Boton(BarraPrincipal::kMini)->trigger();
+    Control<QAction>(v.get(), "accMini")->trigger();
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_EQ(v->Mini()->contextMenuPolicy(), Qt::ActionsContextMenu);
     QAction* normal = nullptr;
@@ -132,19 +133,19 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
     Tick(*v, SistemaPrueba::kNada);
-    EXPECT_TRUE(v->panel->lMsgEstado->isVisible());
-    EXPECT_EQ(v->panel->lMsgEstado->text(), "Sin conexion.");
+    EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
+    EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Sin conexion.");
     for (int i = 0; i < 10; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
     }
-    EXPECT_EQ(v->panel->lMsgEstado->text(), "Conectado.");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Conectado.");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
     Tick(*v, SistemaPrueba::kDesconectado);
     Tick(*v, SistemaPrueba::kNada);
     // The figures left are the last call's, and the panel says so.
-    EXPECT_TRUE(v->panel->lMsgEstado->isVisible());
-    EXPECT_FALSE(v->panel->lMsgEstado->text().isEmpty());
-    EXPECT_NE(v->panel->lTiempo->text(), "00:00:00");
+    EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
+    EXPECT_FALSE(Control<QLabel>(v.get(), "lMsgEstado")->text().isEmpty());
+    EXPECT_NE(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(), "00:00:00");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Ultima llamada");
 }
 
@@ -157,8 +158,8 @@ TEST_F(Escritorio, UnaLlamadaConTarifaDesconocidaLoDice) {
     for (int i = 0; i < 6; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
     }
-    EXPECT_EQ(v->panel->lTiempo->text(), "00:00:05");
-    EXPECT_EQ(v->panel->lGasto->text(), "tarifa desconocida");
+    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(), "00:00:05");
+    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lGasto")->text(), "tarifa desconocida");
 }
 
 TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
@@ -168,14 +169,14 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     EscribirAjustes(s);
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
     auto v = AbrirVisible();
-    QAction* conectar = v->mnuOne->mnu(MenuBandeja::kConectar);
-    QAction* desconectar = v->mnuOne->mnu(MenuBandeja::kDesconectar);
+    QAction* conectar = Control<QAction>(v.get(), "mnuConectar");
+    QAction* desconectar = Control<QAction>(v.get(), "mnuDesconectar");
 
     // "&Conectar con" picks the entry in the list and dials it.
     Tick(*v, SistemaPrueba::kNada);
-    v->mnuOne->mnuCon->actions()[1]->trigger();
+    Control<QMenu>(v.get(), "mnuCon")->actions()[1]->trigger();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
-    EXPECT_EQ(v->panel->EntradaElegida(), "Trabajo");
+    EXPECT_EQ(Control<PanelConexion>(v.get(), "panel")->EntradaElegida(), "Trabajo");
 
     for (int i = 0; i < 75; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
@@ -183,15 +184,16 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     // Shown on connecting, beside the normal window, with the meter's figures.
     ASSERT_NE(v->Mini(), nullptr);
     EXPECT_TRUE(v->isVisible());
-    EXPECT_EQ(v->Mini()->lTiempo->text(), "00:01:14");
-    EXPECT_EQ(v->Mini()->lGasto->text(), v->panel->lGasto->text());
-    EXPECT_NE(v->panel->lGasto->text(), "0.00");
+    EXPECT_EQ(Control<QLabel>(v->Mini(), "lTiempo")->text(), "00:01:14");
+    EXPECT_EQ(Control<QLabel>(v->Mini(), "lGasto")->text(),
+              Control<QLabel>(v.get(), "lGasto")->text());
+    EXPECT_NE(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
     EXPECT_FALSE(conectar->isEnabled());
-    EXPECT_TRUE(v->panel->cmdConexion->isChecked());
+    EXPECT_TRUE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
 
     desconectar->trigger();
     EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
-    EXPECT_FALSE(v->panel->cmdConexion->isChecked());
+    EXPECT_FALSE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
     EXPECT_FALSE(desconectar->isEnabled());
 }
 
@@ -199,11 +201,11 @@ TEST_F(Escritorio, ElBotonDeConexionMarcaYCuelga) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
     Tick(*v, SistemaPrueba::kNada);
-    v->panel->cmdConexion->click();
+    Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Casa"});
     Tick(*v, SistemaPrueba::kConectado);
     EXPECT_TRUE(v->Monitor().LlamadaAbierta());
-    v->panel->cmdConexion->click();
+    Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});
     EXPECT_FALSE(v->Monitor().LlamadaAbierta());
 }
@@ -228,9 +230,10 @@ TEST_F(Escritorio, ElCartelDeInicioSeVaTrasLaCarga) {
     e.reloj = &reloj;
     bool visto = false;
     auto v = Arrancar(e, [&](fAbout& cartel) {
-        visto = cartel.isVisible() && cartel.lMsg->isVisibleTo(&cartel) &&
-                cartel.lMsg->text() == "Cargando el programa..." &&
-                !cartel.cmdCerrar->isVisibleTo(&cartel) && EncimaDeTodo(cartel);
+        visto = cartel.isVisible() && Control<QLabel>(&cartel, "lMsg")->isVisibleTo(&cartel) &&
+                Control<QLabel>(&cartel, "lMsg")->text() == "Cargando el programa..." &&
+                !Control<QPushButton>(&cartel, "cmdCerrar")->isVisibleTo(&cartel) &&
+                EncimaDeTodo(cartel);
     });
     EXPECT_TRUE(visto);
     EXPECT_TRUE(v->isVisible());
@@ -250,10 +253,10 @@ TEST(MiniVentana, SeArrastraPorSuCuerpoYSeColocaArriba) {
     // Without a window manager to move it, the window follows the mouse.
     const QPoint antes = mini.pos();
     const QPointF dentro(5, 5);
-    const QPointF global = mini.lTiempo->mapToGlobal(dentro);
+    const QPointF global = Control<QLabel>(&mini, "lTiempo")->mapToGlobal(dentro);
     auto enviar = [&](QEvent::Type tipo, QPointF donde, Qt::MouseButtons botones) {
         QMouseEvent e(tipo, dentro, donde, Qt::LeftButton, botones, Qt::NoModifier);
-        QApplication::sendEvent(mini.lTiempo, &e);
+        QApplication::sendEvent(Control<QLabel>(&mini, "lTiempo"), &e);
     };
     enviar(QEvent::MouseButtonPress, global, Qt::LeftButton);
     enviar(QEvent::MouseMove, global + QPointF(-30, 20), Qt::LeftButton);

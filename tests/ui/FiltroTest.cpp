@@ -9,6 +9,7 @@
 #include "ui/fPer.h"
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 
@@ -42,7 +43,7 @@ protected:
         PilaPrograma().Meter(Fecha::Crear(2025, 11, 3));
     }
     V Aplicar(fFiltro& f) {
-        f.cmdAplicar->click();
+        Control<QPushButton>(&f, "cmdAplicar")->click();
         return anfitrion->Listadas();
     }
 
@@ -58,13 +59,13 @@ TEST_F(FiltroTest, AlAbrirTomaLosValoresYTodoQuedaApagado) {
     DejarValores();
     fFiltro f(*anfitrion, reloj);
     EXPECT_EQ(PilaPrograma().Count(), 0);
-    EXPECT_FALSE(f.fecDesde->isEnabled());
-    EXPECT_EQ(f.fecDesde->date(), QDate(2026, 3, 20));
-    f.bTiempo->click();
-    EXPECT_TRUE(f.HoraTiempo->isEnabled());
+    EXPECT_FALSE(Control<QDateEdit>(&f, "fecDesde")->isEnabled());
+    EXPECT_EQ(Control<QDateEdit>(&f, "fecDesde")->date(), QDate(2026, 3, 20));
+    Control<QPushButton>(&f, "bTiempo")->click();
+    EXPECT_TRUE(Control<QTimeEdit>(&f, "HoraTiempo")->isEnabled());
 
     // Con todo apagado, "&Aplicar" lista todo pero con el periodo vacio.
-    f.bTiempo->click();
+    Control<QPushButton>(&f, "bTiempo")->click();
     EXPECT_EQ(Aplicar(f), (V{0, 1, 2, 3, 4}));
     EXPECT_EQ(anfitrion->listado.Periodo, "");
     const CriteriosFiltro& c = anfitrion->rellenos.back();
@@ -77,25 +78,25 @@ TEST_F(FiltroTest, AlAbrirTomaLosValoresYTodoQuedaApagado) {
 // its criterion.
 TEST_F(FiltroTest, CadaBotonPasaSuCriterio) {
     fFiltro f(*anfitrion, reloj);
-    f.bFec->click();
-    f.fecDesde->setDate(QDate(2026, 3, 2));
-    f.fecHasta->setDate(QDate(2026, 3, 2));
+    Control<QPushButton>(&f, "bFec")->click();
+    Control<QDateEdit>(&f, "fecDesde")->setDate(QDate(2026, 3, 2));
+    Control<QDateEdit>(&f, "fecHasta")->setDate(QDate(2026, 3, 2));
     EXPECT_EQ(Aplicar(f), (V{0, 1})); // el mismo dia en los dos extremos
     EXPECT_EQ(anfitrion->listado.Periodo, "02/03/2026 - 02/03/2026");
-    f.bFec->click();
+    Control<QPushButton>(&f, "bFec")->click();
 
-    f.bHora->click();
-    f.HoraSpin1->setTime(QTime(6, 0));
-    f.HoraSpin2->setTime(QTime(22, 0));
-    f.bTiempo->click();
-    f.Combo1->setCurrentIndex(2);
-    f.HoraTiempo->setTime(QTime(0, 5, 0));
-    f.bTipo->click();
-    f.Combo2->setCurrentIndex(1);
-    f.bBono->click();
-    f.Combo3->setCurrentIndex(1);
-    f.bDia->click();
-    f.Combo4->setCurrentIndex(2);
+    Control<QPushButton>(&f, "bHora")->click();
+    Control<QTimeEdit>(&f, "HoraSpin1")->setTime(QTime(6, 0));
+    Control<QTimeEdit>(&f, "HoraSpin2")->setTime(QTime(22, 0));
+    Control<QPushButton>(&f, "bTiempo")->click();
+    Control<QComboBox>(&f, "Combo1")->setCurrentIndex(2);
+    Control<QTimeEdit>(&f, "HoraTiempo")->setTime(QTime(0, 5, 0));
+    Control<QPushButton>(&f, "bTipo")->click();
+    Control<QComboBox>(&f, "Combo2")->setCurrentIndex(1);
+    Control<QPushButton>(&f, "bBono")->click();
+    Control<QComboBox>(&f, "Combo3")->setCurrentIndex(1);
+    Control<QPushButton>(&f, "bDia")->click();
+    Control<QComboBox>(&f, "Combo4")->setCurrentIndex(2);
     Aplicar(f);
     const CriteriosFiltro& c = anfitrion->rellenos.back();
     EXPECT_EQ(std::tuple(c.desde, c.horaDesde, c.horaHasta, c.duracion),
@@ -107,15 +108,15 @@ TEST_F(FiltroTest, CadaBotonPasaSuCriterio) {
 
 TEST_F(FiltroTest, SuprimirVuelveAlPeriodoYVerTodosLoQuitaTodo) {
     fFiltro f(*anfitrion, reloj);
-    f.bTipo->click();
+    Control<QPushButton>(&f, "bTipo")->click();
     Aplicar(f);
-    f.cmdSuprimir->click();
+    Control<QPushButton>(&f, "cmdSuprimir")->click();
     const CriteriosFiltro& c = anfitrion->rellenos.back();
     EXPECT_EQ(std::tuple(c.desde, c.hasta),
               std::tuple(Fecha::Crear(2026, 3, 3), Fecha::Crear(2026, 3, 20)));
     EXPECT_FALSE(c.horaDesde || c.tipo || c.bono || c.tipoDia || c.comparacion || c.duracion);
     EXPECT_EQ(anfitrion->Listadas(), (V{2, 3, 4}));
-    f.cmdTodos->click();
+    Control<QPushButton>(&f, "cmdTodos")->click();
     const CriteriosFiltro& t = anfitrion->rellenos.back();
     EXPECT_FALSE(t.desde || t.hasta || t.tipo || t.duracion);
     EXPECT_EQ(anfitrion->listado.Periodo, "02/03/2026 - 20/03/2026");
@@ -128,25 +129,25 @@ TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
     QTimer::singleShot(0, [&] {
         auto* selector = qobject_cast<fPer*>(QApplication::activeModalWidget());
         ASSERT_NE(selector, nullptr);
-        for (int i = 0; i < selector->cmbAño->count(); ++i) {
-            años << selector->cmbAño->itemText(i);
+        for (int i = 0; i < Control<QComboBox>(selector, "cmbAño")->count(); ++i) {
+            años << Control<QComboBox>(selector, "cmbAño")->itemText(i);
         }
-        selector->Elegir(selector->lvPer->item(0));
+        selector->Elegir(Control<QListWidget>(selector, "lvPer")->item(0));
     });
-    f.cmdPeriodos->click();
+    Control<QPushButton>(&f, "cmdPeriodos")->click();
     // El selector recibio lo que el filtro guardaba: periodos desde 2025.
     EXPECT_EQ(años, (QStringList{"2025", "2026"}));
-    EXPECT_EQ(f.fecDesde->date(), QDate(2025, 12, 16));
-    EXPECT_EQ(f.fecHasta->date(), QDate(2026, 2, 15));
-    EXPECT_TRUE(f.bFec->isChecked());
+    EXPECT_EQ(Control<QDateEdit>(&f, "fecDesde")->date(), QDate(2025, 12, 16));
+    EXPECT_EQ(Control<QDateEdit>(&f, "fecHasta")->date(), QDate(2026, 2, 15));
+    EXPECT_TRUE(Control<QPushButton>(&f, "bFec")->isChecked());
     EXPECT_EQ(PilaPrograma().Count(), 0);
     EXPECT_TRUE(anfitrion->rellenos.empty()); // falta "&Aplicar"
 
     // Otra vez, cancelando: nada cambia y la pila queda vacia.
-    f.bFec->click();
+    Control<QPushButton>(&f, "bFec")->click();
     QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-    f.cmdPeriodos->click();
-    EXPECT_FALSE(f.bFec->isChecked());
+    Control<QPushButton>(&f, "cmdPeriodos")->click();
+    EXPECT_FALSE(Control<QPushButton>(&f, "bFec")->isChecked());
     EXPECT_EQ(PilaPrograma().Count(), 0);
 }
 
@@ -162,10 +163,10 @@ TEST_F(FiltroTest, ElSelectorEsTanAnchoComoSuTitulo) {
 TEST_F(FiltroTest, SelectorListaLosPeriodosDelAñoYDevuelveInicioYFin) {
     DejarValores();
     fPer p(reloj);
-    EXPECT_EQ(p.cmbAño->currentText(), "2026"); // el año en curso al abrir
-    EXPECT_EQ(p.lvPer->item(1)->text(), "16/02/2026 - 20/03/2026");
-    p.cmbAño->setCurrentIndex(0);
-    p.Elegir(p.lvPer->item(0));
+    EXPECT_EQ(Control<QComboBox>(&p, "cmbAño")->currentText(), "2026"); // el año en curso al abrir
+    EXPECT_EQ(Control<QListWidget>(&p, "lvPer")->item(1)->text(), "16/02/2026 - 20/03/2026");
+    Control<QComboBox>(&p, "cmbAño")->setCurrentIndex(0);
+    p.Elegir(Control<QListWidget>(&p, "lvPer")->item(0));
     EXPECT_EQ(ResultadoPeriodos(), kPeriodoElegido);
     ASSERT_EQ(PilaPrograma().Count(), 2);
     EXPECT_EQ(std::get<Fecha>(PilaPrograma().Sacar()), Fecha::Crear(2025, 12, 15, 23, 59, 59));
@@ -177,7 +178,7 @@ TEST_F(FiltroTest, SelectorCanceladoDejaLaPilaVaciaYUnSoloAño) {
     PilaPrograma().Meter(std::int64_t{0});
     PilaPrograma().Meter(Fecha::Crear(2026, 1, 5));
     fPer p(reloj);
-    EXPECT_EQ(p.cmbAño->count(), 1);
+    EXPECT_EQ(Control<QComboBox>(&p, "cmbAño")->count(), 1);
     PilaPrograma().Meter(std::string("resto"));
     QTimer::singleShot(0, [&] { p.reject(); });
     EXPECT_EQ(p.exec(), QDialog::Rejected);

@@ -15,6 +15,7 @@
 #include <QLineSeries>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 
@@ -61,24 +62,24 @@ protected:
 TEST_F(GraficoTest, ListasYPuntosSegunLaVista) {
     fGrafico g(*registro, reloj);
     g.resize(900, 500);
-    EXPECT_TRUE(g.Combo1->isHidden());
+    EXPECT_TRUE(Control<QComboBox>(&g, "Combo1")->isHidden());
     ASSERT_EQ(g.Puntos().size(), 15u);
     EXPECT_EQ(g.Puntos()[1].valor, 4.0F);
 
-    g.Option1[1]->click();
-    EXPECT_FALSE(g.Combo1->isHidden());
-    EXPECT_EQ(Elementos(g.Combo1), (QStringList{"2025", "2026"}));
+    Control<QRadioButton>(&g, "Option1_1")->click();
+    EXPECT_FALSE(Control<QComboBox>(&g, "Combo1")->isHidden());
+    EXPECT_EQ(Elementos(Control<QComboBox>(&g, "Combo1")), (QStringList{"2025", "2026"}));
     EXPECT_EQ(g.Puntos().size(), 12u);
 
-    g.Option1[2]->click();
-    EXPECT_EQ(g.Combo1->currentText(), "Marzo 2026");
-    g.UpDown1->stepDown();
-    EXPECT_EQ(g.Combo1->currentText(), "Febrero 2026");
+    Control<QRadioButton>(&g, "Option1_2")->click();
+    EXPECT_EQ(Control<QComboBox>(&g, "Combo1")->currentText(), "Marzo 2026");
+    Control<QSpinBox>(&g, "UpDown1")->stepDown();
+    EXPECT_EQ(Control<QComboBox>(&g, "Combo1")->currentText(), "Febrero 2026");
     ASSERT_EQ(g.Puntos().size(), 28u);
-    g.cmbTipoDato->setCurrentIndex(1);
+    Control<QComboBox>(&g, "cmbTipoDato")->setCurrentIndex(1);
     EXPECT_EQ(g.Puntos()[2].valor, 30.0F);
-    g.Combo1->setCurrentIndex(0);
-    EXPECT_EQ(g.UpDown1->value(), 0);
+    Control<QComboBox>(&g, "Combo1")->setCurrentIndex(0);
+    EXPECT_EQ(Control<QSpinBox>(&g, "UpDown1")->value(), 0);
 }
 
 TEST_F(GraficoTest, LaVentanaNoCambiaDeTamañoAlCambiarDeVista) {
@@ -87,7 +88,7 @@ TEST_F(GraficoTest, LaVentanaNoCambiaDeTamañoAlCambiarDeVista) {
     QApplication::processEvents();
     const QSize tamaño = g.size();
     for (int vista : {1, 2, 0, 2}) {
-        g.Option1[vista]->click();
+        Control<QRadioButton>(&g, QString("Option1_%1").arg(vista))->click();
         QApplication::processEvents();
         EXPECT_EQ(g.size(), tamaño) << vista;
     }
@@ -96,22 +97,25 @@ TEST_F(GraficoTest, LaVentanaNoCambiaDeTamañoAlCambiarDeVista) {
 TEST_F(GraficoTest, CadaTipoDeGraficoConSusValores) {
     fGrafico g(*registro, reloj);
     g.resize(900, 500);
-    g.Option1[2]->click();
-    g.Combo1->setCurrentIndex(2); // febrero de 2026
+    Control<QRadioButton>(&g, "Option1_2")->click();
+    Control<QComboBox>(&g, "Combo1")->setCurrentIndex(2); // febrero de 2026
 
-    g.cmbTipoGraf->setCurrentIndex(0);
-    auto* barras = qobject_cast<QBarSeries*>(g.Graph1->chart()->series().value(0));
+    Control<QComboBox>(&g, "cmbTipoGraf")->setCurrentIndex(0);
+    auto* barras =
+        qobject_cast<QBarSeries*>(Control<QChartView>(&g, "Graph1")->chart()->series().value(0));
     ASSERT_NE(barras, nullptr);
     EXPECT_EQ(barras->barSets()[0]->at(2), 3.0);
-    EXPECT_TRUE(Caras(g.Graph1->chart()).empty());
+    EXPECT_TRUE(Caras(Control<QChartView>(&g, "Graph1")->chart()).empty());
 
-    g.cmbTipoGraf->setCurrentIndex(2);
-    auto* linea = qobject_cast<QLineSeries*>(g.Graph1->chart()->series().value(0));
+    Control<QComboBox>(&g, "cmbTipoGraf")->setCurrentIndex(2);
+    auto* linea =
+        qobject_cast<QLineSeries*>(Control<QChartView>(&g, "Graph1")->chart()->series().value(0));
     ASSERT_NE(linea, nullptr);
     EXPECT_EQ(linea->at(2), QPointF(2, 3));
 
-    g.cmbTipoGraf->setCurrentIndex(3);
-    auto* area = qobject_cast<QAreaSeries*>(g.Graph1->chart()->series().value(0));
+    Control<QComboBox>(&g, "cmbTipoGraf")->setCurrentIndex(3);
+    auto* area =
+        qobject_cast<QAreaSeries*>(Control<QChartView>(&g, "Graph1")->chart()->series().value(0));
     ASSERT_NE(area, nullptr);
     EXPECT_EQ(area->upperSeries()->at(2), QPointF(2, 3));
 }
@@ -120,15 +124,15 @@ TEST_F(GraficoTest, Barras3DPintanCarasConProfundidad) {
     fGrafico g(*registro, reloj);
     g.resize(900, 500);
     g.show();
-    g.Option1[2]->click();
-    g.Combo1->setCurrentIndex(2); // febrero de 2026
-    g.cmbTipoGraf->setCurrentIndex(1);
-    const auto caras = Caras(g.Graph1->chart());
+    Control<QRadioButton>(&g, "Option1_2")->click();
+    Control<QComboBox>(&g, "Combo1")->setCurrentIndex(2); // febrero de 2026
+    Control<QComboBox>(&g, "cmbTipoGraf")->setCurrentIndex(1);
+    const auto caras = Caras(Control<QChartView>(&g, "Graph1")->chart());
     ASSERT_EQ(caras.size(), 1u);
     EXPECT_GT(caras.front()->Profundidad().x(), 2.0);
     // The side faces are drawn in the bars' darker shade.
     QApplication::processEvents();
-    const QImage imagen = g.Graph1->grab().toImage();
+    const QImage imagen = Control<QChartView>(&g, "Graph1")->grab().toImage();
     const QRgb lado = QColor(38, 110, 186).darker(150).rgb();
     int pixeles = 0;
     for (int y = 0; y < imagen.height(); ++y) {
@@ -140,5 +144,6 @@ TEST_F(GraficoTest, Barras3DPintanCarasConProfundidad) {
 
     const QString png = QString::fromStdString((dir / "g.png").string());
     EXPECT_TRUE(g.GuardarPng(png));
-    EXPECT_EQ(QImage(png).size(), g.Graph1->size() * g.Graph1->devicePixelRatioF());
+    EXPECT_EQ(QImage(png).size(), Control<QChartView>(&g, "Graph1")->size() *
+                                      Control<QChartView>(&g, "Graph1")->devicePixelRatioF());
 }

@@ -16,6 +16,7 @@
 #include <sstream>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 
@@ -71,8 +72,8 @@ protected:
 TEST_F(ImprimirTest, RegistroYTarifasEnSusColumnas) {
     ASSERT_GT(anfitrion->Listadas().size(), 40u); // mas de una pagina
     fImprimir f(*anfitrion, *libro);
-    f.Check1->setChecked(true);
-    f.Check2->setChecked(true);
+    Control<QCheckBox>(&f, "Check1")->setChecked(true);
+    Control<QCheckBox>(&f, "Check2")->setChecked(true);
     const std::string pdf = (dir / "informe.pdf").string();
     ASSERT_TRUE(f.ImprimirPdf(QString::fromStdString(pdf)));
     const auto l = Texto(pdf);
@@ -111,12 +112,12 @@ TEST_F(ImprimirTest, RegistroYTarifasEnSusColumnas) {
 
 TEST_F(ImprimirTest, SinCasillasNoImprimeNada) {
     fImprimir f(*anfitrion, *libro);
-    f.Check1->setChecked(false);
-    f.Check2->setChecked(false);
+    Control<QCheckBox>(&f, "Check1")->setChecked(false);
+    Control<QCheckBox>(&f, "Check2")->setChecked(false);
     EXPECT_TRUE(f.Lineas().empty());
     EXPECT_FALSE(f.ImprimirPdf(QString::fromStdString((dir / "nada.pdf").string())));
     EXPECT_FALSE(Existe(dir / "nada.pdf"));
-    f.cmdImprimir->click(); // ni dialogo ni impresion
+    Control<QPushButton>(&f, "cmdImprimir")->click(); // ni dialogo ni impresion
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -134,7 +135,7 @@ TEST_F(ImprimirTest, SinImpresoraOfreceElDialogoDeImpresion) {
             d->reject();
         }
     });
-    f.cmdImprimir->click();
+    Control<QPushButton>(&f, "cmdImprimir")->click();
     EXPECT_TRUE(dialogo);
     EXPECT_NE(f.result(), QDialog::Accepted);
 }

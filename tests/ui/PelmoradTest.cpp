@@ -35,10 +35,15 @@ void Teclear(QLineEdit* campo, const QString& texto) {
     QTest::keyClicks(campo, texto);
 }
 
+// The bands table of a day type, found by its name in the editor.
+TablaBandas* Tabla(const QObject* editor, int dia) {
+    return Control<TablaBandas>(editor, QString("tablas_%1").arg(dia));
+}
+
 void Bandas(TablaBandas* t, int franja, const QString& precio, QTime inicio, QTime fin) {
-    Teclear(t->txtPrecio[franja], precio);
-    t->tmeInicio[franja]->setTime(inicio);
-    t->tmeFin[franja]->setTime(fin);
+    Teclear(Control<QLineEdit>(t, QString("txtPrecio_%1").arg(franja)), precio);
+    Control<QTimeEdit>(t, QString("tmeInicio_%1").arg(franja))->setTime(inicio);
+    Control<QTimeEdit>(t, QString("tmeFin_%1").arg(franja))->setTime(fin);
 }
 
 std::string Libro(const fs::path& dir) {
@@ -55,27 +60,31 @@ QColor Pixel(QWidget& w, int x, int y) {
 
 TEST_F(Pelmorad, UnaTarifaNuevaSeGuardaComoEscritaAMano) {
     fPelmorad v(dir); // sin Tarifas.Dat: libro vacio
-    EXPECT_FALSE(v.panel->isEnabled());
-    EXPECT_TRUE(v.lstProblemas->item(0)->text().contains("no tiene ninguna tarifa"));
+    EXPECT_FALSE(Control<PanelTarifa>(&v, "panel")->isEnabled());
+    EXPECT_TRUE(Control<QListWidget>(&v, "lstProblemas")
+                    ->item(0)
+                    ->text()
+                    .contains("no tiene ninguna tarifa"));
 
-    v.cmdAñadir->click();
+    Control<QPushButton>(&v, "cmdAñadir")->click();
     EXPECT_TRUE(v.isWindowModified());
-    PanelTarifa& p = *v.panel;
-    Teclear(p.txtNombre, "MiOperador");
-    EXPECT_EQ(v.lstTarifas->item(0)->text(), "MiOperador");
-    Teclear(p.txtConexion, "15");
-    p.spnMinutos->setValue(2);
-    p.spnSegundos->setValue(30);
-    Bandas(p.tablas[0], 0, "3.1", QTime(9, 0), QTime(19, 59, 59));
-    Bandas(p.tablas[0], 1, "1.2", QTime(20, 0), QTime(8, 59, 59));
-    Bandas(p.tablas[1], 0, "3.1", QTime(9, 0), QTime(13, 59, 59));
-    Bandas(p.tablas[1], 1, "1.2", QTime(14, 0), QTime(8, 59, 59));
-    Bandas(p.tablas[2], 0, "0", QTime(0, 0), QTime(0, 0));
-    Bandas(p.tablas[2], 1, "1.2", QTime(0, 0), QTime(23, 59, 59));
+    PanelTarifa& p = *Control<PanelTarifa>(&v, "panel");
+    Teclear(Control<QLineEdit>(&p, "txtNombre"), "MiOperador");
+    EXPECT_EQ(Control<QListWidget>(&v, "lstTarifas")->item(0)->text(), "MiOperador");
+    Teclear(Control<QLineEdit>(&p, "txtConexion"), "15");
+    Control<QSpinBox>(&p, "spnMinutos")->setValue(2);
+    Control<QSpinBox>(&p, "spnSegundos")->setValue(30);
+    Bandas(Tabla(&p, 0), 0, "3.1", QTime(9, 0), QTime(19, 59, 59));
+    Bandas(Tabla(&p, 0), 1, "1.2", QTime(20, 0), QTime(8, 59, 59));
+    Bandas(Tabla(&p, 1), 0, "3.1", QTime(9, 0), QTime(13, 59, 59));
+    Bandas(Tabla(&p, 1), 1, "1.2", QTime(14, 0), QTime(8, 59, 59));
+    Bandas(Tabla(&p, 2), 0, "0", QTime(0, 0), QTime(0, 0));
+    Bandas(Tabla(&p, 2), 1, "1.2", QTime(0, 0), QTime(23, 59, 59));
     EXPECT_TRUE(v.Problemas().empty()) << TextoProblemas(v.Problemas());
 
     // La tira del dia sigue lo escrito.
-    EXPECT_EQ(p.franjas[2]->Tramos(), (std::vector<TramoDia>{{0, 86400, Cobertura::Reducida}}));
+    EXPECT_EQ(Control<FranjaDia>(&p, "franjas_2")->Tramos(),
+              (std::vector<TramoDia>{{0, 86400, Cobertura::Reducida}}));
 
     ASSERT_TRUE(v.Guardar());
     EXPECT_FALSE(v.isWindowModified());
@@ -91,20 +100,20 @@ TEST_F(Pelmorad, UnaTarifaNuevaSeGuardaComoEscritaAMano) {
 TEST_F(Pelmorad, EditarElLibroDeSerieEsComoHacerloAMano) {
     InstalarLibroPorDefecto(dir);
     fPelmorad v(dir);
-    EXPECT_FALSE(v.cmdSubir->isEnabled());
-    v.lstTarifas->setCurrentRow(2);
-    Teclear(v.panel->tablas[0]->txtPrecio[1], "6");
-    v.cmdCopiar->click();
-    v.cmdRenombrar->click();
-    EXPECT_TRUE(v.panel->txtNombre->hasSelectedText());
-    Teclear(v.panel->txtNombre, "Provincial Fin");
-    Teclear(v.panel->tablas[1]->txtPrecio[0], "12");
+    EXPECT_FALSE(Control<QPushButton>(&v, "cmdSubir")->isEnabled());
+    Control<QListWidget>(&v, "lstTarifas")->setCurrentRow(2);
+    Teclear(Control<QLineEdit>(Tabla(&v, 0), "txtPrecio_1"), "6");
+    Control<QPushButton>(&v, "cmdCopiar")->click();
+    Control<QPushButton>(&v, "cmdRenombrar")->click();
+    EXPECT_TRUE(Control<QLineEdit>(&v, "txtNombre")->hasSelectedText());
+    Teclear(Control<QLineEdit>(&v, "txtNombre"), "Provincial Fin");
+    Teclear(Control<QLineEdit>(Tabla(&v, 1), "txtPrecio_0"), "12");
     v.Seleccionar(5);
-    EXPECT_FALSE(v.cmdBajar->isEnabled());
-    v.cmdEliminar->click();
+    EXPECT_FALSE(Control<QPushButton>(&v, "cmdBajar")->isEnabled());
+    Control<QPushButton>(&v, "cmdEliminar")->click();
     v.Seleccionar(3);
-    v.cmdBajar->click();
-    EXPECT_EQ(v.lstTarifas->currentItem()->text(), "Provincial Fin");
+    Control<QPushButton>(&v, "cmdBajar")->click();
+    EXPECT_EQ(Control<QListWidget>(&v, "lstTarifas")->currentItem()->text(), "Provincial Fin");
     ASSERT_TRUE(v.Guardar());
 
     cLlamada mano(dir / "mano");
@@ -122,14 +131,16 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     InstalarLibroPorDefecto(dir);
     const std::string antes = Libro(dir);
     fPelmorad v(dir);
-    QLineEdit* precio = v.panel->tablas[1]->txtPrecio[0];
+    QLineEdit* precio = Control<QLineEdit>(Tabla(&v, 1), "txtPrecio_0");
     const QColor normal = precio->palette().color(QPalette::Base);
     Teclear(precio, "2,5");
     EXPECT_NE(precio->palette().color(QPalette::Base), normal);
     EXPECT_TRUE(precio->toolTip().contains("use el punto")) << precio->toolTip().toStdString();
-    EXPECT_TRUE(v.panel->avisoDia[1]->Resumen().startsWith("Error: El precio de la franja normal "
-                                                           "de Sabado (2,5)"));
-    EXPECT_FALSE(v.lstTarifas->item(0)->icon().isNull());
+    EXPECT_TRUE(Control<AvisoCampo>(&v, "avisoDia_1")
+                    ->Resumen()
+                    .startsWith("Error: El precio de la franja normal "
+                                "de Sabado (2,5)"));
+    EXPECT_FALSE(Control<QListWidget>(&v, "lstTarifas")->item(0)->icon().isNull());
 
     respuestas.Pulsar("Aceptar");
     EXPECT_FALSE(v.Guardar());
@@ -139,8 +150,8 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     // Corregido, la marca se va; un hueco en las franjas solo avisa y pregunta.
     Teclear(precio, "2.5");
     EXPECT_EQ(precio->palette().color(QPalette::Base), normal);
-    v.panel->tablas[0]->tmeInicio[1]->setTime(QTime(19, 0));
-    EXPECT_EQ(v.panel->avisoDia[0]->Lineas().size(), 1);
+    Control<QTimeEdit>(Tabla(&v, 0), "tmeInicio_1")->setTime(QTime(19, 0));
+    EXPECT_EQ(Control<AvisoCampo>(&v, "avisoDia_0")->Lineas().size(), 1);
     respuestas.Pulsar("Cancelar");
     EXPECT_FALSE(v.Guardar());
     EXPECT_TRUE(Mensaje().contains("no hay franja de 18:00:00 a 18:59:59"));
@@ -153,8 +164,9 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
 
     // Pulsar un problema lleva a su campo.
     v.Seleccionar(3);
-    ASSERT_EQ(v.lstProblemas->count(), 1);
-    v.lstProblemas->itemClicked(v.lstProblemas->item(0));
+    ASSERT_EQ(Control<QListWidget>(&v, "lstProblemas")->count(), 1);
+    Control<QListWidget>(&v, "lstProblemas")
+        ->itemClicked(Control<QListWidget>(&v, "lstProblemas")->item(0));
     EXPECT_EQ(v.Actual(), 0);
 }
 
@@ -181,7 +193,7 @@ TEST_F(Pelmorad, ImportarExportarYRestaurar) {
     otro.libro.Tarifa(0).Valor("Conexion.Importe", "9");
     EscribirArchivoSeguro(json.toStdString(), ExportarJson(otro.libro));
     ASSERT_TRUE(v.ImportarDesde(json));
-    EXPECT_EQ(v.panel->txtConexion->text(), "9");
+    EXPECT_EQ(Control<QLineEdit>(&v, "txtConexion")->text(), "9");
     EXPECT_EQ(Libro(dir), serie);
     ASSERT_TRUE(v.Guardar());
     EXPECT_EQ(Libro(dir).size(), 4u * 168u);
@@ -201,7 +213,7 @@ TEST_F(Pelmorad, CerrarConCambiosPregunta) {
     fPelmorad v(dir);
     v.show();
     v.Seleccionar(4);
-    v.cmdEliminar->click();
+    Control<QPushButton>(&v, "cmdEliminar")->click();
     respuestas.Pulsar("Cancelar");
     EXPECT_FALSE(v.close());
     EXPECT_TRUE(v.isVisible());
@@ -212,7 +224,7 @@ TEST_F(Pelmorad, CerrarConCambiosPregunta) {
     fPelmorad w(dir);
     w.show();
     w.Seleccionar(4);
-    w.cmdEliminar->click();
+    Control<QPushButton>(&w, "cmdEliminar")->click();
     respuestas.Pulsar("&Guardar");
     EXPECT_TRUE(w.close());
     EXPECT_EQ(Libro(dir).size(), 4u * 168u);
@@ -224,8 +236,8 @@ TEST_F(Pelmorad, UnLibroIlegibleNoSeSobrescribe) {
     respuestas.Pulsar("Aceptar");
     QTest::qWait(50);
     EXPECT_TRUE(Mensaje().contains("No se pudo leer el libro de tarifas"));
-    EXPECT_FALSE(v.accGuardar->isEnabled());
-    v.cmdAñadir->click();
+    EXPECT_FALSE(Control<QAction>(&v, "accGuardar")->isEnabled());
+    Control<QPushButton>(&v, "cmdAñadir")->click();
     EXPECT_FALSE(v.Guardar());
     EXPECT_TRUE(fs::is_directory(dir / "Tarifas.Dat"));
 }

@@ -32,13 +32,13 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
     s.Festivos = {F(2026, 1, 6), F(2025, 12, 25)};
     EscribirAjustes(s);
     auto v = Abrir();
-    TabFestivos& t = *v->tabFestivos;
+    TabFestivos& t = *Control<TabFestivos>(v.get(), "TabFestivos");
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2026, 1, 6)));
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 1, 7)));
 
     // A click marks a day (at the end); a second click on it removes it.
     for (QDate d : {QDate(2026, 3, 19), QDate(2026, 1, 6), QDate(2026, 1, 6)}) {
-        emit t.FestivosCal->clicked(d);
+        emit Control<QCalendarWidget>(&t, "FestivosCal")->clicked(d);
     }
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6)}));
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
@@ -46,13 +46,13 @@ TEST_F(Pestanas, ElCalendarioDeFestivos) {
 
     // Copying takes only this year's holidays (the clock says 2026).
     v->Datos().RecalculoPendiente = false;
-    t.cmdCopiarAño->click();
+    Control<QPushButton>(&t, "cmdCopiarAño")->click();
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2025, 12, 25), F(2026, 3, 19), F(2026, 1, 6),
                                                 F(2027, 3, 19), F(2027, 1, 6)}));
     EXPECT_TRUE(t.TieneEstiloFestivo(QDate(2027, 3, 19)));
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
 
-    t.cmdBorrartodos->click();
+    Control<QPushButton>(&t, "cmdBorrartodos")->click();
     EXPECT_TRUE(Festivos(*v).empty());
     EXPECT_FALSE(t.TieneEstiloFestivo(QDate(2026, 3, 19)));
 }
@@ -63,7 +63,7 @@ TEST_F(Pestanas, UnVeintinueveDeFebreroSeCopiaAlUnoDeMarzo) {
     s.Festivos = {F(2028, 2, 29)};
     EscribirAjustes(s);
     auto v = Abrir();
-    v->tabFestivos->CopiarAlAñoSiguiente();
+    Control<TabFestivos>(v.get(), "TabFestivos")->CopiarAlAñoSiguiente();
     EXPECT_EQ(Festivos(*v), (std::vector<Fecha>{F(2028, 2, 29), F(2029, 3, 1)}));
 }
 
@@ -71,31 +71,31 @@ TEST_F(Pestanas, LaPreguntaDeRecalculoSeHaceUnaVezPorCambio) {
     auto v = Abrir();
     RespuestasDialogo respuestas;
     // Leaving the tab after a holiday click asks once; No does not ask again.
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
-    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 19));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
+    emit Control<QCalendarWidget>(v.get(), "FestivosCal")->clicked(QDate(2026, 3, 19));
     respuestas.Responder(QMessageBox::No);
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kRegistro);
     ASSERT_EQ(respuestas.Vistas().size(), 1u);
     EXPECT_EQ(respuestas.Vistas()[0].texto,
               "Ha modificado datos que afectan a los calculos\ndel registro de llamadas.\n"
               "¿Desea recalcular todas las llamadas con los parametro actuales ?");
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
 
     // The billing controls raise it too; taxes do not.
-    v->SSTab1->setCurrentIndex(fMain::kOpciones);
-    v->tabOpciones->chkImpuestos->click();
-    v->tabOpciones->txtImpuestos->setValue(21);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kOpciones);
+    Control<QCheckBox>(v.get(), "chkImpuestos")->click();
+    Control<QSpinBox>(v.get(), "txtImpuestos")->setValue(21);
     EXPECT_FALSE(v->Datos().RecalculoPendiente);
-    v->SSTab1->setCurrentIndex(fMain::kBono);
-    v->tabBono->tsp1->setValue(20);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kBono);
+    Control<QSpinBox>(v.get(), "tsp1")->setValue(20);
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
     respuestas.Responder(QMessageBox::No);
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
     EXPECT_EQ(respuestas.Vistas().size(), 2u);
     // The summary shown on the way counts days to the new billing day.
-    EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "0");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "0");
 }
 
 TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
@@ -112,16 +112,21 @@ TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
 
     auto v = Abrir();
     RespuestasDialogo respuestas;
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
-    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
+    emit Control<QCalendarWidget>(v.get(), "FestivosCal")->clicked(QDate(2026, 3, 2));
     respuestas.Responder(QMessageBox::Yes);
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kRegistro);
     // Saved at once, the file before it kept as the backup; the grid shows it.
     Log guardado(dir);
     guardado.CargarLog();
     EXPECT_EQ(guardado.importe(0), esperado);
     EXPECT_EQ(Leer(dir / "RegDat.bak"), Llamada(dia, 10, "00:01:00", "999"));
-    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 3).data().toString().toStdString(),
+    EXPECT_EQ(Control<TabRegistro>(v.get(), "TabRegistro")
+                  ->Modelo()
+                  .index(0, 3)
+                  .data()
+                  .toString()
+                  .toStdString(),
               std::to_string(CosteMostrado(guardado, 0, {})));
 }
 
@@ -134,10 +139,10 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
     libro.Valor(1, "Nombre", "Lejana");
     libro.Save();
     auto v = Abrir();
-    v->SSTab1->setCurrentIndex(fMain::kTarifas);
-    TabTarifas& t = *v->tabTarifas;
-    ASSERT_EQ(t.listTarifas->count(), 2);
-    t.optSabado->click();
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
+    TabTarifas& t = *Control<TabTarifas>(v.get(), "TabTarifas");
+    ASSERT_EQ(Control<QListWidget>(&t, "listTarifas")->count(), 2);
+    Control<QRadioButton>(&t, "optSabado")->click();
     const auto celdas = [](QTableWidget* g) {
         QStringList l;
         for (int f = 0; f < g->rowCount(); ++f) {
@@ -147,17 +152,18 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
         }
         return l;
     };
-    EXPECT_EQ(celdas(t.gTarifas), (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
-    EXPECT_EQ(celdas(t.gConexion), (QStringList{"11.72", "00:03"}));
-    t.listTarifas->setCurrentRow(1); // a tariff with nothing written
-    EXPECT_EQ(celdas(t.gConexion)[0], "");
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gTarifas")),
+              (QStringList{"2.5", "08:00", "13:59", "1.04", "14:00", "07:59"}));
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gConexion")), (QStringList{"11.72", "00:03"}));
+    Control<QListWidget>(&t, "listTarifas")->setCurrentRow(1); // a tariff with nothing written
+    EXPECT_EQ(celdas(Control<QTableWidget>(&t, "gConexion"))[0], "");
 
     // The editor changes the file; showing the tab again reads it.
     libro.Delete(1);
     libro.Save();
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    v->SSTab1->setCurrentIndex(fMain::kTarifas);
-    EXPECT_EQ(t.listTarifas->count(), 1);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
+    EXPECT_EQ(Control<QListWidget>(&t, "listTarifas")->count(), 1);
 
     // A missing editor is reported and raises nothing.
     RespuestasDialogo respuestas;
@@ -168,11 +174,13 @@ TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
 
 TEST_F(Pestanas, LaPestanaDeTarifasSeRefrescaCuandoElEditorGuarda) {
     auto v = Abrir();
-    v->SSTab1->setCurrentIndex(fMain::kTarifas);
-    TabTarifas& t = *v->tabTarifas;
-    ASSERT_GT(t.listTarifas->count(), 0);
-    t.listTarifas->setCurrentRow(0);
-    const QString antes = t.gConexion->item(0, 0)->text();
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kTarifas);
+    TabTarifas& t = *Control<TabTarifas>(v.get(), "TabTarifas");
+    auto* listTarifas = Control<QListWidget>(&t, "listTarifas");
+    auto* gConexion = Control<QTableWidget>(&t, "gConexion");
+    ASSERT_GT(listTarifas->count(), 0);
+    listTarifas->setCurrentRow(0);
+    const QString antes = gConexion->item(0, 0)->text();
     // The editor, another program, saves a new connection charge while the
     // tab stays in front.
     cLlamada libro(dir);
@@ -180,8 +188,8 @@ TEST_F(Pestanas, LaPestanaDeTarifasSeRefrescaCuandoElEditorGuarda) {
     libro.Valor(0, "Conexion.Importe", "77.5");
     libro.Save();
     ASSERT_NE(antes, "77.5");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return t.gConexion->item(0, 0)->text() == "77.5"; }, 3000));
-    EXPECT_EQ(t.listTarifas->currentRow(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return gConexion->item(0, 0)->text() == "77.5"; }, 3000));
+    EXPECT_EQ(listTarifas->currentRow(), 0);
 }
 
 TEST_F(Pestanas, RecalcularConTarifasQueNoEstanEnElLibro) {
@@ -204,11 +212,11 @@ TEST_F(Pestanas, RecalcularConTarifasQueNoEstanEnElLibro) {
 
     auto v = Abrir();
     RespuestasDialogo respuestas;
-    v->SSTab1->setCurrentIndex(fMain::kFestivos);
-    emit v->tabFestivos->FestivosCal->clicked(QDate(2026, 3, 2));
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kFestivos);
+    emit Control<QCalendarWidget>(v.get(), "FestivosCal")->clicked(QDate(2026, 3, 2));
     respuestas.Responder(QMessageBox::Yes);
     respuestas.Responder(QMessageBox::Ok);
-    v->SSTab1->setCurrentIndex(fMain::kRegistro);
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kRegistro);
 
     // The calls of unknown tariffs keep what they had; the user is told once
     // how many and which.
@@ -235,17 +243,18 @@ TEST_F(Pestanas, TarifaYDescuentoDeCadaConexion) {
     plataforma.sistema->entradas = {"Casa", "Trabajo"};
     plataforma.origen = "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)";
     auto v = Abrir();
-    TabConexiones& t = *v->tabConexiones;
-    EXPECT_EQ(t.lOrigen->text(), "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)");
-    EXPECT_EQ(t.cmbTarifa->currentText(), "Provincial");
-    EXPECT_EQ(t.cmbDescuento->currentText(), "BonoNet");
+    TabConexiones& t = *Control<TabConexiones>(v.get(), "TabConexiones");
+    EXPECT_EQ(Control<QLabel>(&t, "lOrigen")->text(),
+              "Conexiones de NetworkManager y de pppd (/etc/ppp/peers)");
+    EXPECT_EQ(Control<QComboBox>(&t, "cmbTarifa")->currentText(), "Provincial");
+    EXPECT_EQ(Control<QComboBox>(&t, "cmbDescuento")->currentText(), "BonoNet");
 
-    t.listaConexiones2->setCurrentRow(1);
-    const int infovia = t.cmbTarifa->findText("Infovia");
-    t.cmbTarifa->setCurrentIndex(infovia);
-    emit t.cmbTarifa->activated(infovia);
-    t.cmbDescuento->setCurrentIndex(1);
-    emit t.cmbDescuento->activated(1);
+    Control<QListWidget>(&t, "listaConexiones2")->setCurrentRow(1);
+    const int infovia = Control<QComboBox>(&t, "cmbTarifa")->findText("Infovia");
+    Control<QComboBox>(&t, "cmbTarifa")->setCurrentIndex(infovia);
+    emit Control<QComboBox>(&t, "cmbTarifa")->activated(infovia);
+    Control<QComboBox>(&t, "cmbDescuento")->setCurrentIndex(1);
+    emit Control<QComboBox>(&t, "cmbDescuento")->activated(1);
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
               (EntradaConexion{"Trabajo", "Infovia", "BonoNet"}));
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[0].Tarifa, "Provincial");
@@ -259,39 +268,39 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     s.Impuestos = 15.6F;
     EscribirAjustes(s);
     auto v = Abrir();
-    TabOpciones& t = *v->tabOpciones;
-    EXPECT_EQ(t.txtImporte->text(), "1.500");
-    EXPECT_EQ(t.tiempo1->text(), "01:15:00");
-    EXPECT_EQ(t.txtImpuestos->value(), 16);
+    TabOpciones& t = *Control<TabOpciones>(v.get(), "TabOpciones");
+    EXPECT_EQ(Control<QLineEdit>(&t, "txtImporte")->text(), "1.500");
+    EXPECT_EQ(Control<EditorTiempo>(&t, "tiempo1")->text(), "01:15:00");
+    EXPECT_EQ(Control<QSpinBox>(&t, "txtImpuestos")->value(), 16);
     // Showing the settings changes none of them.
     EXPECT_FLOAT_EQ(v->Datos().Ajustes.Impuestos, 15.6F);
 
     QSignalSpy armados(&t, &TabOpciones::AvisoArmado);
-    t.Check3->click();
-    t.Check5->click();
-    t.Check1->click();
+    Control<QCheckBox>(&t, "Check3")->click();
+    Control<QCheckBox>(&t, "Check5")->click();
+    Control<QCheckBox>(&t, "Check1")->click();
     ASSERT_EQ(armados.count(), 2); // the time and the bundle alerts
     EXPECT_EQ(armados[1][0].toInt(), 2);
-    t.Check11->click();
-    t.txtImporte->clear();
-    QTest::keyClicks(t.txtImporte, "2.500");
+    Control<QCheckBox>(&t, "Check11")->click();
+    Control<QLineEdit>(&t, "txtImporte")->clear();
+    QTest::keyClicks(Control<QLineEdit>(&t, "txtImporte"), "2.500");
     EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500");
-    t.tiempo2->clear();
-    QTest::keyClicks(t.tiempo2, "05:30:00");
+    Control<EditorTiempo>(&t, "tiempo2")->clear();
+    QTest::keyClicks(Control<EditorTiempo>(&t, "tiempo2"), "05:30:00");
     EXPECT_EQ(v->Datos().Ajustes.BonoAviso.Valor(), "05:30:00");
 
     // What the window holds reaches the file at the end, and comes back
     // except "Ventanas Conexion invisibles".
     ASSERT_TRUE(v->Terminar());
     auto otra = Abrir();
-    EXPECT_TRUE(otra->tabOpciones->Check3->isChecked());
-    EXPECT_FALSE(otra->tabOpciones->Check11->isChecked());
-    EXPECT_EQ(otra->tabOpciones->txtImporte->text(), "2.500");
+    EXPECT_TRUE(Control<QCheckBox>(otra.get(), "Check3")->isChecked());
+    EXPECT_FALSE(Control<QCheckBox>(otra.get(), "Check11")->isChecked());
+    EXPECT_EQ(Control<QLineEdit>(otra.get(), "txtImporte")->text(), "2.500");
 }
 
 TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     auto v = Abrir();
-    TabBono& t = *v->tabBono;
+    TabBono& t = *Control<TabBono>(v.get(), "TabBono");
     std::vector<std::pair<BonoGuardado, bool>> pedidos;
     std::optional<BonoGuardado> respuesta;
     t.PedirBono = [&](const BonoGuardado& inicial, bool nuevo) {
@@ -300,46 +309,46 @@ TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {
     };
 
     // Take-up: the dialog starts on today; a cancel adds nothing.
-    t.cmdAlta->click();
+    Control<QPushButton>(&t, "cmdAlta")->click();
     EXPECT_EQ(pedidos.at(0).first.Alta, F(2026, 3, 20));
     respuesta = BonoGuardado{3, F(2026, 3, 2), FechaVariante::Vacia(), "50:00:00"};
-    t.cmdAlta->click();
+    Control<QPushButton>(&t, "cmdAlta")->click();
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"};
-    t.cmdAlta->click();
-    ASSERT_EQ(t.gBono->rowCount(), 2);
-    EXPECT_EQ(t.lTipos[0]->text(), "1 bono(s), quedan 07:30:00");
+    Control<QPushButton>(&t, "cmdAlta")->click();
+    ASSERT_EQ(Control<QTableWidget>(&t, "gBono")->rowCount(), 2);
+    EXPECT_EQ(Control<QLabel>(&t, "lTipo0")->text(), "1 bono(s), quedan 07:30:00");
 
     // The summary shows the group chosen on tabBono.
-    v->SSTab1->setCurrentIndex(fMain::kResumen);
-    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "07:30:00");
-    t.tabBono->setCurrentIndex(1);
-    EXPECT_EQ(v->tabResumen->lBonoQueda->text(), "50:00:00");
+    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentIndex(fMain::kResumen);
+    EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "07:30:00");
+    Control<QTabWidget>(&t, "tabBono")->setCurrentIndex(1);
+    EXPECT_EQ(Control<QLabel>(v.get(), "lBonoQueda")->text(), "50:00:00");
 
     // Change the second bundle: it is given up.
-    t.gBono->selectRow(1);
+    Control<QTableWidget>(&t, "gBono")->selectRow(1);
     respuesta = BonoGuardado{0, F(2026, 3, 5), FechaVariante::De(F(2026, 3, 18)), "07:00:00"};
-    t.cmdModificar->click();
+    Control<QPushButton>(&t, "cmdModificar")->click();
     EXPECT_EQ(pedidos.back(),
               std::pair(BonoGuardado{0, F(2026, 3, 5), FechaVariante::Vacia(), "07:30:00"}, false));
-    EXPECT_EQ(t.gBono->item(1, 2)->text(), "18/03/2026");
+    EXPECT_EQ(Control<QTableWidget>(&t, "gBono")->item(1, 2)->text(), "18/03/2026");
 
     // Removing the first keeps the second as it was.
     RespuestasDialogo respuestas;
-    t.gBono->selectRow(0);
+    Control<QTableWidget>(&t, "gBono")->selectRow(0);
     respuestas.Responder(QMessageBox::Yes);
-    t.cmdEliminar->click();
+    Control<QPushButton>(&t, "cmdEliminar")->click();
     ASSERT_EQ(v->Datos().Bono.Count(), 1);
     EXPECT_EQ(v->Datos().Bono.tiempo(0), "07:00:00");
     respuestas.Responder(QMessageBox::No);
-    t.cmdLimpiar->click();
+    Control<QPushButton>(&t, "cmdLimpiar")->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 1);
     respuestas.Responder(QMessageBox::Yes);
-    t.cmdLimpiar->click();
+    Control<QPushButton>(&t, "cmdLimpiar")->click();
     EXPECT_EQ(v->Datos().Bono.Count(), 0);
 
     // The interval choice reaches the ledger and the billing period.
-    t.cmbFac->setCurrentIndex(2);
-    emit t.cmbFac->activated(2);
+    Control<QComboBox>(&t, "cmbFac")->setCurrentIndex(2);
+    emit Control<QComboBox>(&t, "cmbFac")->activated(2);
     EXPECT_EQ(v->Datos().Bono.perFactura(), 2);
     EXPECT_TRUE(v->Datos().RecalculoPendiente);
 }

@@ -4,7 +4,7 @@
 #include "CarpetaVentana.h"
 #include "platform/LineasModemLog.h"
 #include "register/ExportarLlamadas.h"
-#include "ui/Avisos.h"
+#include "ui/Mensajes.h"
 #include "ui/SenalesTerminar.h"
 
 #include <QTableView>
@@ -48,17 +48,17 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     auto v = Abrir();
 
     // Only the calls of the period, each cost with the 16 % added.
-    const ModeloRegistro& modelo = v->tabRegistro->Modelo();
+    const ModeloRegistro& modelo = Control<TabRegistro>(v.get(), "TabRegistro")->Modelo();
     ASSERT_EQ(modelo.rowCount(), 3);
     EXPECT_EQ(modelo.index(0, 0).data().toString(), "10/03/2026");
     EXPECT_EQ(modelo.index(0, 3).data().toString(), "116");
-    EXPECT_EQ(v->tabRegistro->lDuracionReg->text(), "01:06:10");
-    EXPECT_EQ(v->tabRegistro->lGastoReg->text(), "126 ");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDuracionReg")->text(), "01:06:10");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoReg")->text(), "126 ");
     // The summary is tab 0, shown at load.
-    EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kResumen);
-    EXPECT_EQ(v->tabResumen->lPeriodo->text(), "06/03/2026 - 20/03/2026");
-    EXPECT_EQ(v->tabResumen->lGastoPer->text(), "126 ");
-    EXPECT_EQ(v->tabResumen->lDiasQuedanBono->text(), "26"); // hasta el 15/04
+    EXPECT_EQ(Control<QTabWidget>(v.get(), "SSTab1")->currentIndex(), fMain::kResumen);
+    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "06/03/2026 - 20/03/2026");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoPer")->text(), "126 ");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "26"); // hasta el 15/04
 
     // Modem, start at login; nothing is written at load.
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
@@ -77,18 +77,18 @@ TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
     EXPECT_TRUE(Existe(dir / "RegDat.log"));
     EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
     EXPECT_TRUE(plataforma.carga->Activada()); // "Cargar al iniciar" viene marcado
-    EXPECT_EQ(v->tabRegistro->lDuracionReg->text(), "");
-    EXPECT_EQ(v->tabResumen->lPeriodo->text(), "20/03/2026 - 20/03/2026");
-    EXPECT_EQ(v->tabConexiones->listaConexiones2->item(0)->text(),
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDuracionReg")->text(), "");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "20/03/2026 - 20/03/2026");
+    EXPECT_EQ(Control<QListWidget>(v.get(), "listaConexiones2")->item(0)->text(),
               "No hay conexiones disponibles.");
-    EXPECT_FALSE(v->tabConexiones->cmbTarifa->isEnabled());
+    EXPECT_FALSE(Control<QComboBox>(v.get(), "cmbTarifa")->isEnabled());
 }
 
 // Closing only hides the windows (the desktop tests); ending saves.
 TEST_F(Ventana, TerminarGuardaLosAjustesYNoTocaUnRegistroSinCambios) {
     EscribirRegistro(Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
     auto v = Abrir();
-    v->tabOpciones->Check8->click();
+    Control<QCheckBox>(v.get(), "Check8")->click();
     EXPECT_TRUE(v->Terminar());
     EXPECT_TRUE(LeerVariables(dir / "Varibles.Dat").valores.ColorSegunTarifa);
     EXPECT_EQ(Leer(dir / "RegDat.log"), Llamada(F(2026, 3, 10), 18, "01:00:00", "100"));
@@ -122,7 +122,7 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
     ASSERT_EQ(v->Datos().Ajustes.EntradasConexion.size(), 2u);
     EXPECT_EQ(v->Datos().Ajustes.EntradasConexion[1],
               (EntradaConexion{"Trabajo", "Metropolitana", "Ninguno"}));
-    EXPECT_EQ(v->SSTab1->currentIndex(), fMain::kConexiones);
+    EXPECT_EQ(Control<QTabWidget>(v.get(), "SSTab1")->currentIndex(), fMain::kConexiones);
 
     RespuestasDialogo respuestas;
     respuestas.Responder(QMessageBox::Ok);
@@ -142,17 +142,18 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
 
     // With no connection, a double click on an entry dials it.
     v->TickEstado();
-    v->panel->listaConexiones->setCurrentRow(1);
-    emit v->panel->listaConexiones->itemDoubleClicked(v->panel->listaConexiones->item(1));
+    Control<QListWidget>(v.get(), "listaConexiones")->setCurrentRow(1);
+    emit Control<QListWidget>(v.get(), "listaConexiones")
+        ->itemDoubleClicked(Control<QListWidget>(v.get(), "listaConexiones")->item(1));
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
     // A refused dial is told on the status line, idle as the window is.
     plataforma.sistema->aviso = "NetworkManager no ha podido activar \"Trabajo\".";
     v->TickEstado();
-    EXPECT_FALSE(v->panel->lMsgEstado->isHidden());
-    EXPECT_EQ(v->panel->lMsgEstado->text(), "NetworkManager no ha podido activar \"Trabajo\".");
+    EXPECT_FALSE(Control<QLabel>(v.get(), "lMsgEstado")->isHidden());
+    EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "NetworkManager no ha podido activar \"Trabajo\".");
     plataforma.sistema->aviso.clear();
     v->TickEstado();
-    EXPECT_TRUE(v->panel->lMsgEstado->isHidden());
+    EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isHidden());
 }
 
 TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
@@ -190,7 +191,7 @@ TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
 
 TEST_F(Ventana, AlAcabarLaSesionSeGuardanLosAjustes) {
     auto v = Abrir();
-    v->tabOpciones->Check9->click();
+    Control<QCheckBox>(v.get(), "Check9")->click();
     SenalesTerminar senales;
     int recibida = 0;
     QObject::connect(&senales, &SenalesTerminar::Terminar, v.get(), [&](int senal) {
@@ -225,7 +226,7 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
 
     AnexarModemLog(log, BloqueSubida(reloj.Ahora(), {"ppp0", "/dev/ttyS0", "Casa", ""}));
     tick(SistemaPrueba::kConectado);
-    EXPECT_TRUE(v->panel->listaConexiones->isHidden());
+    EXPECT_TRUE(Control<QListWidget>(v.get(), "listaConexiones")->isHidden());
     for (int i = 0; i < 40; ++i) {
         tick(SistemaPrueba::kConectado);
     }
@@ -234,19 +235,20 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     ASSERT_EQ(sonidos.count(), 2);
     EXPECT_EQ(sonidos[0][0].toInt(), int(MotivoAviso::Conectar));
     EXPECT_EQ(sonidos[1][0].toInt(), int(MotivoAviso::Tiempo));
-    v->tabOpciones->Check3->click();
-    v->tabOpciones->Check3->click();
+    Control<QCheckBox>(v.get(), "Check3")->click();
+    Control<QCheckBox>(v.get(), "Check3")->click();
     tick(SistemaPrueba::kConectado);
     EXPECT_EQ(sonidos.count(), 3);
 
     AnexarModemLog(log, BloqueBajada(reloj.Ahora(), {4096, 2048}));
     tick(SistemaPrueba::kDesconectado);
-    EXPECT_FALSE(v->panel->listaConexiones->isHidden());
+    EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isHidden());
     // The call is in the file and in the grid of the period.
     Log guardado(dir);
     guardado.CargarLog();
     EXPECT_EQ(guardado.Tarifa(0), "Metropolitana");
-    EXPECT_EQ(v->tabRegistro->Modelo().index(0, 7).data().toString(), "Casa");
+    EXPECT_EQ(Control<TabRegistro>(v.get(), "TabRegistro")->Modelo().index(0, 7).data().toString(),
+              "Casa");
     EXPECT_FALSE(Existe(log));
 }
 
@@ -260,15 +262,15 @@ TEST_F(Ventana, ExportarGuardaLoQueListaLaRejilla) {
     const Log& r = v->Datos().Registro;
     for (const char* nombre : {"llamadas.csv", "llamadas.JSON"}) {
         const auto ruta = dir / nombre;
-        v->tabRegistro->ElegirArchivoExportar = [&] {
+        Control<TabRegistro>(v.get(), "TabRegistro")->ElegirArchivoExportar = [&] {
             return QString::fromStdString(ruta.string());
         };
-        ASSERT_TRUE(v->tabRegistro->Exportar()) << nombre;
+        ASSERT_TRUE(Control<TabRegistro>(v.get(), "TabRegistro")->Exportar()) << nombre;
         // The same writer as "vorimesk-cli exportar".
         EXPECT_EQ(Leer(ruta), TextoExportado(r, {1, 2}, FormatoDeArchivo(ruta))) << nombre;
     }
     EXPECT_NE(Leer(dir / "llamadas.csv").find("2026-03-05;12:00:00"), std::string::npos);
     EXPECT_EQ(nlohmann::json::parse(Leer(dir / "llamadas.JSON"))["llamadas"].size(), 2u);
-    v->tabRegistro->ElegirArchivoExportar = [] { return QString(); };
-    EXPECT_FALSE(v->tabRegistro->Exportar()); // cancelled
+    Control<TabRegistro>(v.get(), "TabRegistro")->ElegirArchivoExportar = [] { return QString(); };
+    EXPECT_FALSE(Control<TabRegistro>(v.get(), "TabRegistro")->Exportar()); // cancelled
 }

@@ -7,6 +7,7 @@
 #include <QPainter>
 
 using namespace vorimesk;
+using namespace vorimesk::prueba;
 
 namespace {
 QImage Pintar(const cLogo& logo, int ancho, int alto) {
@@ -53,6 +54,6 @@ TEST(fAbout, ModoBannerVaYVuelve) {
     fAbout about;
     about.ModoBanner(true);
     about.ModoBanner(false);
-    EXPECT_FALSE(about.cmdCerrar->isHidden());
-    EXPECT_TRUE(about.lMsg->isHidden());
+    EXPECT_FALSE(Control<QPushButton>(&about, "cmdCerrar")->isHidden());
+    EXPECT_TRUE(Control<QLabel>(&about, "lMsg")->isHidden());
 }

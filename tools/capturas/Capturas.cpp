@@ -94,17 +94,20 @@ std::unique_ptr<fPelmorad> Editor(int tarifa) {
 // a Saturday with hours left out and overlapping.
 std::unique_ptr<QWidget> EditorConProblemas() {
     auto v = Editor(2);
-    v->panel->tablas[0]->txtPrecio[1]->setText("5,94");
-    emit v->panel->tablas[0]->txtPrecio[1]->textEdited("5,94");
-    v->panel->tablas[1]->tmeInicio[1]->setTime(QTime(16, 0));
-    v->panel->tablas[1]->tmeFin[1]->setTime(QTime(9, 0));
+    auto* semana = v->findChild<QWidget*>("tablas_0");
+    auto* sabado = v->findChild<QWidget*>("tablas_1");
+    auto* precio = semana->findChild<QLineEdit*>("txtPrecio_1");
+    precio->setText("5,94");
+    emit precio->textEdited("5,94");
+    sabado->findChild<QTimeEdit*>("tmeInicio_1")->setTime(QTime(16, 0));
+    sabado->findChild<QTimeEdit*>("tmeFin_1")->setTime(QTime(9, 0));
     return v;
 }
 
 std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
                                    const std::function<void(fArchivo&)>& antes = {}) {
     auto w = std::make_unique<fArchivo>(*d.anfitrion, d.registro, d.bono, d.reloj, d.carpeta);
-    w->lAccion->setCurrentRow(accion);
+    w->findChild<QListWidget*>("lAccion")->setCurrentRow(accion);
     for (int i = 0; i < pasos; ++i) {
         if (i == pasos - 1 && antes) {
             antes(*w);
@@ -115,19 +118,20 @@ std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
 }
 
 void ElegirCopia(fArchivo& w, const char* nombre) {
-    const auto e = w.File1->findItems(nombre, Qt::MatchExactly);
+    auto* File1 = w.findChild<QListWidget*>("File1");
+    const auto e = File1->findItems(nombre, Qt::MatchExactly);
     if (!e.isEmpty()) {
-        w.File1->setCurrentItem(e.front());
+        File1->setCurrentItem(e.front());
     }
 }
 
 std::unique_ptr<QWidget> Grafico(Datos& d, int vista, int tipo, int dato, int mes = -1) {
     auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
-    g->Option1[vista]->click();
-    g->cmbTipoGraf->setCurrentIndex(tipo);
-    g->cmbTipoDato->setCurrentIndex(dato);
+    g->findChild<QRadioButton*>(QString("Option1_%1").arg(vista))->click();
+    g->findChild<QComboBox*>("cmbTipoGraf")->setCurrentIndex(tipo);
+    g->findChild<QComboBox*>("cmbTipoDato")->setCurrentIndex(dato);
     if (mes >= 0) {
-        g->Combo1->setCurrentIndex(mes);
+        g->findChild<QComboBox*>("Combo1")->setCurrentIndex(mes);
     }
     return g;
 }
@@ -146,12 +150,12 @@ std::vector<Captura> Capturas() {
         {"filtro",
          [](Datos& d) {
              auto f = std::make_unique<fFiltro>(*d.anfitrion, d.reloj);
-             f->bFec->click();
-             f->fecDesde->setDate(QDate(2026, 2, 16));
-             f->bTiempo->click();
-             f->HoraTiempo->setTime(QTime(0, 30, 0));
-             f->bDia->click();
-             f->Combo4->setCurrentIndex(2);
+             f->findChild<QPushButton*>("bFec")->click();
+             f->findChild<QDateEdit*>("fecDesde")->setDate(QDate(2026, 2, 16));
+             f->findChild<QPushButton*>("bTiempo")->click();
+             f->findChild<QTimeEdit*>("HoraTiempo")->setTime(QTime(0, 30, 0));
+             f->findChild<QPushButton*>("bDia")->click();
+             f->findChild<QComboBox*>("Combo4")->setCurrentIndex(2);
              return f;
          }},
         {"selector-periodos",
@@ -168,7 +172,9 @@ std::vector<Captura> Capturas() {
         {"archivo-recuperar-modo", [](Datos& d) { return Asistente(d, 1, 1); }},
         {"archivo-recuperar-lista",
          [](Datos& d) {
-             auto w = Asistente(d, 1, 2, [](fArchivo& a) { a.Option3->setChecked(true); });
+             auto w = Asistente(d, 1, 2, [](fArchivo& a) {
+                 a.findChild<QRadioButton*>("Option3")->setChecked(true);
+             });
              ElegirCopia(static_cast<fArchivo&>(*w), "Copia001.CPR");
              return w;
          }},
@@ -190,11 +196,11 @@ std::vector<Captura> Capturas() {
         {"grafico-anual-tras-diario",
          [](Datos& d) {
              auto g = std::make_unique<fGrafico>(d.registro, d.reloj);
-             g->Option1[2]->click();
+             g->findChild<QRadioButton*>("Option1_2")->click();
              g->adjustSize();
              g->show();
              QApplication::processEvents();
-             g->Option1[0]->click();
+             g->findChild<QRadioButton*>("Option1_0")->click();
              return g;
          }},
         {"imprimir", [](Datos& d) { return std::make_unique<fImprimir>(*d.anfitrion, d.libro); }},
@@ -224,7 +230,7 @@ int main(int argc, char** argv) {
         std::printf("%s\n", qPrintable(ruta));
     }
     fImprimir informe(*datos.anfitrion, datos.libro);
-    informe.Check2->setChecked(true);
+    informe.findChild<QCheckBox*>("Check2")->setChecked(true);
     const QString pdf = carpeta + "/informe.pdf";
     if (!informe.ImprimirPdf(pdf)) {
         std::fprintf(stderr, "No se pudo escribir %s\n", qPrintable(pdf));

@@ -12,8 +12,8 @@
 #include "settings/ArchivoVariables.h"
 #include "settings/Presupuesto.h"
 #include "tariff/LibroPorDefecto.h"
-#include "ui/Avisos.h"
 #include "ui/EntornoVentana.h"
+#include "ui/Mensajes.h"
 #include "ui/MenuBandeja.h"
 #include "ui/fBono.h"
 #include "ui/fComparar.h"
@@ -174,6 +174,9 @@ bool CapturarVentana(const QString& carpeta) {
     fMain ventana(entorno);
     ventana.Cargar();
 
+    auto* SSTab1 = ventana.findChild<QTabWidget*>("SSTab1");
+    auto* mnuOne = ventana.findChild<QMenu*>("mnuOne");
+    auto* mnuCon = ventana.findChild<QMenu*>("mnuCon");
     std::vector<std::unique_ptr<QWidget>> dueños;
     auto propio = [&](std::unique_ptr<QWidget> w) {
         dueños.push_back(std::move(w));
@@ -184,7 +187,7 @@ bool CapturarVentana(const QString& carpeta) {
     std::vector<Captura> capturas;
     for (int i = 0; i < 7; ++i) {
         capturas.push_back({QString("principal-%1-%2").arg(i).arg(pestañas[i]), [&, i] {
-                                ventana.SSTab1->setCurrentIndex(i);
+                                SSTab1->setCurrentIndex(i);
                                 return static_cast<QWidget*>(&ventana);
                             }});
     }
@@ -252,7 +255,7 @@ bool CapturarVentana(const QString& carpeta) {
                             }
                             ventana.TickEstado();
                             ventana.TickHora();
-                            ventana.SSTab1->setCurrentIndex(fMain::kResumen);
+                            SSTab1->setCurrentIndex(fMain::kResumen);
                             return static_cast<QWidget*>(&ventana);
                         }});
     capturas.push_back({"mini-ventana", [&] {
@@ -287,12 +290,12 @@ bool CapturarVentana(const QString& carpeta) {
                             return static_cast<QWidget*>(&ventana);
                         }});
     capturas.push_back({"menu-bandeja", [&] {
-                            ventana.mnuOne->popup(QPoint(40, 40));
-                            return static_cast<QWidget*>(ventana.mnuOne);
+                            mnuOne->popup(QPoint(40, 40));
+                            return static_cast<QWidget*>(mnuOne);
                         }});
     capturas.push_back({"menu-bandeja-conectar", [&] {
-                            ventana.mnuOne->mnuCon->popup(QPoint(40, 40));
-                            return static_cast<QWidget*>(ventana.mnuOne->mnuCon);
+                            mnuCon->popup(QPoint(40, 40));
+                            return static_cast<QWidget*>(mnuCon);
                         }});
 
     for (const Captura& c : capturas) {

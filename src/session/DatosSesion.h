@@ -1,8 +1,8 @@
 #pragma once
-// What the main window holds for the whole run and shares with its tabs: the
-// BonoNet ledger, the settings, the connection profiles, the call register,
-// the tariff book and the flags the tabs raise. The ledger comes first so it
-// exists before anything reads the settings into it.
+// What one user's session holds for the whole run and shares with the tabs
+// of the main window: the BonoNet ledger, the settings, the pending-connection
+// list, the call register, the tariff book and the flags the tabs raise. The
+// ledger comes first so it exists before anything reads the settings into it.
 
 #include "core/Fecha.h"
 #include "core/Reloj.h"
@@ -17,14 +17,15 @@
 
 namespace vorimesk {
 
-struct DatosVentana {
-    DatosVentana(std::filesystem::path carpetaDatos, const Reloj& reloj);
+struct DatosSesion {
+    DatosSesion(std::filesystem::path carpetaDatos, const Reloj& reloj);
 
     std::filesystem::path Carpeta;
     const Reloj& RelojPrograma;
 
     cBono Bono;
     Settings Ajustes;
+    // The pending-connection list: the profiles of the calls seen coming up.
     colConexion Conexiones;
     Log Registro;
     cLlamada Libro;

@@ -1,14 +1,15 @@
 #pragma once
-// The platform's dialler as the monitor's telephone line.
+// The platform's dialler as the connection monitor's telephone line, for the
+// main window and the headless meter alike.
 
 #include "monitor/LineaMonitor.h"
 #include "platform/Marcador.h"
 
-namespace vorimesk::cli {
+namespace vorimesk {
 
-class LineaMarcador final : public LineaMonitor {
+class LineaPlataforma final : public LineaMonitor {
 public:
-    explicit LineaMarcador(Marcador& marcador) : marcador_(marcador) {}
+    explicit LineaPlataforma(Marcador& marcador) : marcador_(marcador) {}
     void Marcar(const std::string& entrada) override { marcador_.Marcar(entrada); }
     void Colgar(const std::string& entrada) override { marcador_.Colgar(entrada); }
 
@@ -16,4 +17,4 @@ private:
     Marcador& marcador_;
 };
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

@@ -1,12 +1,12 @@
-#include "DatosVentana.h"
+#include "session/DatosSesion.h"
 
 namespace vorimesk {
 
-DatosVentana::DatosVentana(std::filesystem::path carpetaDatos, const Reloj& reloj)
+DatosSesion::DatosSesion(std::filesystem::path carpetaDatos, const Reloj& reloj)
     : Carpeta(std::move(carpetaDatos)), RelojPrograma(reloj), Bono(reloj),
       Ajustes(ValoresPorDefecto()), Registro(Carpeta), Libro(Carpeta) {}
 
-std::int16_t DatosVentana::TipoDia(Fecha dia) {
+std::int16_t DatosSesion::TipoDia(Fecha dia) {
     if (Libro.Festivos() != Ajustes.Festivos) {
         Libro.Festivos(Ajustes.Festivos);
     }

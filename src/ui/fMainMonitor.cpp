@@ -1,0 +1,114 @@
+// The main window's side of the connection monitor: the timers' ticks go in,
+// the events that come out are carried out and the display is painted.
+
+#include "MenuBandeja.h"
+#include "PanelConexion.h"
+#include "SonidoAviso.h"
+#include "TabBono.h"
+#include "TabResumen.h"
+#include "fMain.h"
+
+#include "ArranquePrograma.h"
+#include "fMini.h"
+#include "monitor/PerfilEntrada.h"
+
+#include <QAction>
+#include <QStatusBar>
+#include <QSystemTrayIcon>
+#include <iostream>
+
+namespace vorimesk {
+
+void fMain::TickHora() {
+    Atender(monitor_.TickHora());
+}
+
+void fMain::TickEstado() {
+    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
+    fuente.Actualizar();
+    MonitorConexion::Sucesos sucesos =
+        monitor_.TickEstado(
+        {fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()});
+    for (SucesoMonitor& s : monitor_.TickActual()) {
+        sucesos.push_back(std::move(s));
+    }
+    Atender(sucesos);
+}
+
+void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
+    for (const SucesoMonitor& s : sucesos) {
+        switch (s.tipo) {
+        case SucesoMonitor::Tipo::Sonar:
+            sonido_->Reproducir(QString::fromStdString(s.texto));
+            emit AvisoSonoro(static_cast<int>(s.motivo));
+            break;
+        case SucesoMonitor::Tipo::MostrarMini:
+            MostrarMini();
+            break;
+        case SucesoMonitor::Tipo::LlamadaIniciada:
+            sesion_.PendienteAñadido();
+            // A demonstration shows every window a call can have.
+            if (entorno_.demostracion) {
+                MostrarMini();
+            }
+            break;
+        case SucesoMonitor::Tipo::LanzarPrograma:
+            ArrancarPrograma(this, QString::fromStdString(s.texto), [this](const QString& m) {
+                statusBar()->showMessage(m);
+                std::cerr << "Vorimesk: " << m.toStdString() << "\n";
+            });
+            break;
+        case SucesoMonitor::Tipo::RellenarRegistro:
+            MostrarPeriodo();
+            break;
+        case SucesoMonitor::Tipo::BonoRenovado:
+            tabBono->Mostrar();
+            MostrarBono();
+            break;
+        case SucesoMonitor::Tipo::LogSinCerrar:
+            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
+                                     "con las de la proxima conexion.");
+            break;
+        case SucesoMonitor::Tipo::ErrorRegistro:
+            // Not modal: the timers go on while the user reads it.
+            statusBar()->showMessage(QString::fromStdString(s.texto));
+            std::cerr << "Vorimesk: " << s.texto << "\n";
+            break;
+        default:
+            // The call's own display (mini window included) is painted from
+            // the monitor's values below.
+            break;
+        }
+    }
+    MostrarPantalla();
+}
+
+void fMain::MostrarPantalla() {
+    const PantallaMonitor& p = monitor_.Pantalla();
+    panel->Mostrar(p);
+    if (mini_ != nullptr) {
+        mini_->Mostrar(p);
+    }
+    mnuOne->mnuConectar()->setEnabled(p.MenuConectar);
+    mnuOne->mnuDesconectar()->setEnabled(p.MenuDesconectar);
+    if (bandeja_ != nullptr) {
+        bandeja_->setToolTip(QString::fromStdString(p.PuntaBandeja));
+    }
+    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
+        MostrarBono();
+    }
+}
+
+void fMain::MostrarBono() {
+    const auto grupo = static_cast<std::int16_t>(tabBono->Grupo());
+    const PantallaMonitor& p = monitor_.Pantalla();
+    // During a BonoNet call the live meter's figures are the ones to show.
+    if (monitor_.LlamadaAbierta() && p.Descuento == kDescuentoBonoNet) {
+        tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), p.BonoGastado, p.BonoQueda);
+        return;
+    }
+    tabResumen->MostrarBono(TabBono::NombreGrupo(grupo), datos_.Bono.TiempoGastadoGrupo(grupo),
+                            datos_.Bono.TotalTiempoGrupo(grupo));
+}
+
+} // namespace vorimesk
