@@ -1,7 +1,7 @@
 #include "Ordenes.h"
+
 #include "OrdenesComparacion.h"
 #include "OrdenesRegistro.h"
-
 #include "core/CarpetaDatos.h"
 #include "tariff/LibroPorDefecto.h"
 

@@ -1,14 +1,13 @@
 // The main window's side of the connection monitor: the timers' ticks go in,
 // the events that come out are carried out and the display is painted.
 
+#include "ArranquePrograma.h"
 #include "MenuBandeja.h"
 #include "PanelConexion.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
 #include "TabResumen.h"
 #include "fMain.h"
-
-#include "ArranquePrograma.h"
 #include "fMini.h"
 #include "monitor/PerfilEntrada.h"
 
@@ -26,8 +25,7 @@ void fMain::TickHora() {
 void fMain::TickEstado() {
     FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
     fuente.Actualizar();
-    MonitorConexion::Sucesos sucesos =
-        monitor_.TickEstado(
+    MonitorConexion::Sucesos sucesos = monitor_.TickEstado(
         {fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()});
     for (SucesoMonitor& s : monitor_.TickActual()) {
         sucesos.push_back(std::move(s));

@@ -64,9 +64,9 @@ TEST_F(VigilarNetworkManager, UnaLlamadaDeBandaAnchaMovilConLaTarifaDeSuEntrada)
 
     ASSERT_EQ(r.estado, 0) << r.errores << r.salida;
     for (const char* linea :
-         {"Sin conexion", "Conectado | Conexion: Movistar 3G | Duracion: ",
+         {"Sin conexion", "Estado: Conectado (Movistar 3G).",
           "Llamada iniciada con Movistar 3G (tarifa Provincial, descuento Ninguno).",
-          "Llamada terminada con Movistar 3G.", "Desconectado | Conexion: Movistar 3G"}) {
+          "Llamada terminada con Movistar 3G.", "Estado: Desconectado (Movistar 3G)."}) {
         EXPECT_NE(r.salida.find(linea), std::string::npos) << linea << "\n" << r.salida;
     }
     const auto veces = [&](const std::string& texto) {

@@ -9,8 +9,8 @@
 #include "ui/fComparar.h"
 
 #include <QChartView>
-#include <QStatusBar>
 #include <QImage>
+#include <QStatusBar>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -40,7 +40,8 @@ protected:
 
 TEST_F(Comparar, ElBotonDelRegistroAbreLaComparacionDeLasLlamadasListadas) {
     auto v = Abrir();
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
     const int listadas = v->UltimoListado().NumeroLlamadas;
     ASSERT_GT(listadas, 0);
     Control<QPushButton>(v.get(), "cmdComparar")->click();
@@ -86,12 +87,15 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     EXPECT_EQ(p->lPresupuesto->text(), "sin presupuesto");
     EXPECT_FALSE(p->lRegla->text().isEmpty());
 
-    auto* presupuesto = Control<TabOpciones>(v.get(), "TabOpciones")->findChild<MarcoPresupuesto*>();
+    auto* presupuesto =
+        Control<TabOpciones>(v.get(), "TabOpciones")->findChild<MarcoPresupuesto*>();
     ASSERT_NE(presupuesto, nullptr);
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
     presupuesto->txtPresupuesto->setText("300");
     ASSERT_TRUE(presupuesto->Guardar());
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(avisos[0][0].toString().contains("620.00"));
     // Without a tray (as here) the window's status bar tells it too.
@@ -99,21 +103,25 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     EXPECT_FALSE(p->lAvisoPresupuesto->text().isEmpty());
     EXPECT_EQ(p->lPorDia->text(), "7.69 en cada uno de los 26 dias que quedan");
     // Coming back to the summary, or a new listing, does not sound it again.
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     v->RellenaGrid(CriteriosFiltro::Periodo(v->InicioPeriodo(), v->FinPeriodo()));
     EXPECT_EQ(avisos.count(), 1);
 
     // A budget the pace keeps within: no alert, and a word that does not
     // read is refused and changes nothing.
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabOpciones>(v.get(), "TabOpciones"));
     presupuesto->txtPresupuesto->setText("1000");
     ASSERT_TRUE(presupuesto->Guardar());
     presupuesto->txtPresupuesto->setText("mucho");
     EXPECT_FALSE(presupuesto->Guardar());
     EXPECT_EQ(presupuesto->txtPresupuesto->text(), "1000");
     EXPECT_FALSE(presupuesto->lEstadoPresupuesto->text().isEmpty());
-    Control<QTabWidget>(v.get(), "SSTab1")->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
+    Control<QTabWidget>(v.get(), "SSTab1")
+        ->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(p->lAvisoPresupuesto->text().isEmpty());
     EXPECT_EQ(p->lPresupuesto->text(), "1000.00");

@@ -32,7 +32,6 @@ inline int AnchoTitulo(const QWidget& ventana) {
     return QFontMetrics(negrita).horizontalAdvance(ventana.windowTitle()) + 4 * 24;
 }
 
-
 // A control of a window found by its object name, the way the window names
 // it: the tests never reach into a window's members. A missing control ends
 // the test with its name.

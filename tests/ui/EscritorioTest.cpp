@@ -145,7 +145,8 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     // The figures left are the last call's, and the panel says so.
     EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
     EXPECT_FALSE(Control<QLabel>(v.get(), "lMsgEstado")->text().isEmpty());
-    EXPECT_NE(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(), "00:00:00");
+    EXPECT_NE(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(),
+              "00:00:00");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Ultima llamada");
 }
 
@@ -158,8 +159,10 @@ TEST_F(Escritorio, UnaLlamadaConTarifaDesconocidaLoDice) {
     for (int i = 0; i < 6; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
     }
-    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(), "00:00:05");
-    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lGasto")->text(), "tarifa desconocida");
+    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(),
+              "00:00:05");
+    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lGasto")->text(),
+              "tarifa desconocida");
 }
 
 TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {

