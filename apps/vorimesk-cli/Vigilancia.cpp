@@ -4,10 +4,12 @@
 #include "ArgumentosCli.h"
 #include "LineaEstado.h"
 #include "monitor/EntradasConexion.h"
+#include "platform/LecturaFuente.h"
 #include "platform/LineasModemLog.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/AjustesTarifa.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace vorimesk::cli {
@@ -45,6 +47,7 @@ Vigilancia::Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& o,
 void Vigilancia::Iniciar() {
     log_.NombreLog(rutaModemLog_);
     log_.CargarLog();
+    log_.CopiaUnaVezPorSesion();
     linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
                                                  *linea_, carpeta_);
@@ -71,10 +74,13 @@ void Vigilancia::Avanzar() {
 }
 
 void Vigilancia::Paso() {
-    FuenteConexiones& fuente = *plataforma_.conexiones;
-    fuente.Actualizar();
-    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName()};
-    for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
+    const LecturaConexion lectura = LeerFuente(*plataforma_.conexiones);
+    const MonitorConexion::Sucesos sucesos = monitor_->Tick(lectura);
+    // On disk before it is told: what the user reads is already safe.
+    if (std::any_of(sucesos.begin(), sucesos.end(), PideGuardarSesion)) {
+        GuardarAjustes();
+    }
+    for (const SucesoMonitor& s : sucesos) {
         if (s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas) {
             for (int i = log_.Count() - s.llamadas; i < log_.Count(); ++i) {
                 Escribir(LineaAnotada(log_, i), true);
@@ -121,6 +127,12 @@ void Vigilancia::Terminar() {
 
 void Vigilancia::Guardar() {
     log_.SalvarLog();
+    GuardarAjustes();
+}
+
+// The ledger and the pending list live in the settings file, written
+// atomically like the register.
+void Vigilancia::GuardarAjustes() {
     GuardarBono(bono_, ajustes_);
     GuardarConexiones(pendientes_, ajustes_);
     GuardarVariables(carpeta_ / Settings::kNombreArchivo, ajustes_);

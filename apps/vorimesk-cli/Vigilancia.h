@@ -44,6 +44,8 @@ public:
     bool Simulada() const { return simulada_; }
     // Writes the register and the settings file.
     void Guardar();
+    // Writes the settings file with the ledger and the pending list.
+    void GuardarAjustes();
     // Ends the status line of a terminal.
     void Terminar();
 

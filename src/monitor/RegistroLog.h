@@ -16,6 +16,10 @@ public:
     Fecha DateConexion() const override { return log_.DateConexion(); }
     int Count() const override { return log_.Count(); }
     void SalvarLog() override { log_.SalvarLog(); }
+    LlamadaAnotada Anotada(int indice) const override;
+    SesionEnLog Sesion(Fecha inicio) const override;
+    int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono& bono,
+                    const std::vector<Fecha>& festivos) override;
 
 private:
     Log& log_;

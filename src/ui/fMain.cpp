@@ -20,6 +20,7 @@
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
 #include "monitor/PerfilEntrada.h"
+#include "platform/LecturaFuente.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
@@ -268,6 +269,7 @@ void fMain::CargarRegistro() {
                     "el archivo.");
     }
     registroLeido_ = true;
+    datos_.Registro.CopiaUnaVezPorSesion();
 }
 
 void fMain::CalcularPeriodo() {
@@ -290,10 +292,8 @@ void fMain::TickHora() {
 }
 
 void fMain::TickEstado() {
-    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
-    fuente.Actualizar();
     MonitorConexion::Sucesos sucesos =
-        monitor_.TickEstado({fuente.Count(), fuente.IntState(), fuente.EntryName()});
+        monitor_.TickEstado(LeerFuente(*entorno_.plataforma.conexiones));
     for (SucesoMonitor& s : monitor_.TickActual()) {
         sucesos.push_back(std::move(s));
     }
@@ -328,8 +328,8 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             MostrarBono();
             break;
         case SucesoMonitor::Tipo::LogSinCerrar:
-            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
-                                     "con las de la proxima conexion.");
+        case SucesoMonitor::Tipo::SinRegistroSistema:
+            statusBar()->showMessage(QString::fromStdString(s.texto));
             break;
         case SucesoMonitor::Tipo::ErrorRegistro:
             // Not modal: the timers go on while the user reads it.
@@ -342,7 +342,21 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             break;
         }
     }
+    if (std::any_of(sucesos.begin(), sucesos.end(), PideGuardarSesion)) {
+        GuardarAjustesEnLlamada();
+    }
     MostrarPantalla();
+}
+
+// What a crash must not lose goes to disk at once; a failure is told without
+// stopping the meter.
+void fMain::GuardarAjustesEnLlamada() {
+    try {
+        GuardarAjustes();
+    } catch (const Error& e) {
+        statusBar()->showMessage(QString::fromStdString(e.what()));
+        std::cerr << "Vorimesk: " << e.what() << "\n";
+    }
 }
 
 void fMain::MostrarPantalla() {

@@ -163,6 +163,7 @@ private:
     void Recalcular();
     void GuardarRegistro();
     void GuardarAjustes();
+    void GuardarAjustesEnLlamada();
 
     EntornoVentana entorno_;
     DatosVentana datos_;

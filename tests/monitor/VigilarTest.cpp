@@ -37,6 +37,25 @@ protected:
         return Json({"calcular", "--inicio", inicio, "--fin", fin, "--json"})["importe"];
     }
     static std::string Guion() { return (Fuentes() / "data/guiones/dos-llamadas.guion").string(); }
+    // vigilar como programa aparte, con su salida en un archivo.
+    fs::path Lanzar(const std::string& guion) {
+        const fs::path salida = dir / "salida.txt";
+        fs::remove(salida);
+        const std::string datosTexto = datos.string();
+        std::vector<const char*> argv = {VORIMESK_CLI, "--datos",   datosTexto.c_str(),
+                                         "vigilar",    "--simular", guion.c_str(),
+                                         nullptr};
+        posix_spawn_file_actions_t acciones;
+        posix_spawn_file_actions_init(&acciones);
+        posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(), O_WRONLY | O_CREAT, 0600);
+        EXPECT_EQ(posix_spawn(&pid_, VORIMESK_CLI, &acciones, nullptr,
+                              const_cast<char* const*>(argv.data()), environ),
+                  0);
+        posix_spawn_file_actions_destroy(&acciones);
+        return salida;
+    }
+    void Parar(int senal);
+    pid_t pid_ = 0;
 };
 
 TEST_F(Vigilar, DosLlamadasDelGuionQuedanTasadasEnElRegistro) {
@@ -97,6 +116,44 @@ TEST_F(Vigilar, ParadoEnMitadDeUnaLlamadaGuardaLaConexionPendiente) {
         << ajustes;
 }
 
+// La franja y el BonoNet que se ven son los de ahora: una llamada de las
+// 17:59 se ve "Reducida" desde las 18:00:00 en punto.
+TEST_F(Vigilar, LaFranjaCambiaALas18EnPunto) {
+    Escribir(dir / "tarde.guion", "llamada Casa conectado=90\n");
+    const ResultadoCli r =
+        Ejecutar({"vigilar", "--simular", (dir / "tarde.guion").string(), "--velocidad", "1000",
+                  "--inicio", "2024-03-06 17:59:00", "--segundos", "100"});
+    ASSERT_EQ(r.estado, 0) << r.errores;
+    for (const char* linea : {"17:59:59 | Conectado | Conexion: Casa | Duracion: 00:00:59",
+                              "18:00:00 | Conectado | Conexion: Casa | Duracion: 00:01:00",
+                              "18:00:29 | Conectado | Conexion: Casa | Duracion: 00:01:29"}) {
+        const auto i = r.salida.find(linea);
+        ASSERT_NE(i, std::string::npos) << linea;
+        const std::string franja = r.salida.substr(r.salida.find("Franja: ", i) + 8, 6);
+        EXPECT_EQ(franja, linea[1] == '7' ? "Normal" : "Reduci") << linea;
+    }
+    // Y tras la llamada la linea vuelve al reposo: se puede marcar otra vez.
+    EXPECT_NE(r.salida.find("18:00:32 | Sin conexion"), std::string::npos);
+}
+
+// Lo que un cierre brusco no debe perder: la conexion pendiente se guarda al
+// empezar la llamada, y "RegDat.bak" guarda el registro de antes de la
+// sesion, no el de la ultima llamada.
+TEST_F(Vigilar, CadaLlamadaSeGuardaEnElActoYElBakEsElDeAntesDeLaSesion) {
+    ASSERT_EQ(Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000", "--inicio",
+                        "2024-03-06 10:00:00", "--segundos", "260"})
+                  .estado,
+              0);
+    const std::string antes = Leer(datos / "RegDat.log");
+    ASSERT_EQ(antes.size(), 2u * 85u);
+    ASSERT_EQ(Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000", "--inicio",
+                        "2024-03-07 10:00:00", "--segundos", "260"})
+                  .estado,
+              0);
+    EXPECT_EQ(Leer(datos / "RegDat.log").size(), 4u * 85u);
+    EXPECT_EQ(Leer(datos / "RegDat.bak"), antes);
+}
+
 TEST_F(Vigilar, SoloPuedeVigilarUno) {
     fs::create_directories(datos);
     InstanciaUnicaFlock otro(dir / "vorimesk.lock");
@@ -125,28 +182,45 @@ TEST_F(Vigilar, ErroresDeUsoYDeGuion) {
     EXPECT_FALSE(Existe(datos / "RegDat.log"));
 }
 
-// Como programa aparte: SIGTERM lo para guardando registro y ajustes.
+// Como programa aparte: SIGTERM, SIGHUP (el terminal se cierra) y SIGINT lo
+// paran guardando registro y ajustes, con salida 0.
 TEST_F(Vigilar, SigtermParaLimpiamente) {
-    const fs::path salida = dir / "salida.txt";
-    const std::string datosTexto = datos.string();
-    const std::string guion = Guion();
-    std::vector<const char*> argv = {VORIMESK_CLI, "--datos",   datosTexto.c_str(),
-                                     "vigilar",    "--simular", guion.c_str(),
-                                     nullptr};
-    posix_spawn_file_actions_t acciones;
-    posix_spawn_file_actions_init(&acciones);
-    posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(), O_WRONLY | O_CREAT, 0600);
-    pid_t pid = 0;
-    ASSERT_EQ(posix_spawn(&pid, VORIMESK_CLI, &acciones, nullptr,
-                          const_cast<char* const*>(argv.data()), environ),
-              0);
-    posix_spawn_file_actions_destroy(&acciones);
+    for (const int senal : {SIGTERM, SIGHUP, SIGINT}) {
+        SCOPED_TRACE(senal);
+        fs::remove(datos / "Varibles.Dat");
+        Parar(senal);
+    }
+}
+
+// Un kill -9 a mitad de llamada: la conexion pendiente ya estaba guardada y
+// la nota del contador sigue en "LlamadasVistas".
+TEST_F(Vigilar, UnKill9EnMitadDeLlamadaNoPierdeSuPendiente) {
+    Escribir(dir / "larga.guion", "llamada Casa conectado=100000\n");
+    const fs::path salida = Lanzar((dir / "larga.guion").string());
+    for (int i = 0; i < 200 && Leer(salida).find("Llamada iniciada") == std::string::npos; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    ASSERT_NE(Leer(salida).find("Llamada iniciada"), std::string::npos) << Leer(salida);
+    ::kill(pid_, SIGKILL);
+    ::waitpid(pid_, nullptr, 0);
+    EXPECT_NE(Leer(datos / "Varibles.Dat").find("\"Casa\"\r\n\"Ninguno\"\r\n#"), std::string::npos)
+        << Leer(datos / "Varibles.Dat");
+    int notas = 0;
+    for (const auto& f : fs::directory_iterator(datos / "LlamadasVistas")) {
+        notas += f.path().extension() == ".vista";
+    }
+    EXPECT_EQ(notas, 1);
+}
+
+void Vigilar::Parar(int senal) {
+    const fs::path salida = Lanzar(Guion());
+    const pid_t pid = pid_;
     // Espera a que este vigilando (la primera linea de estado).
     for (int i = 0; i < 200 && Leer(salida).find(" | ") == std::string::npos; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
     ASSERT_NE(Leer(salida).find(" | "), std::string::npos) << Leer(salida);
-    ::kill(pid, SIGTERM);
+    ::kill(pid, senal);
     int estado = 0;
     ASSERT_EQ(::waitpid(pid, &estado, 0), pid);
     ASSERT_TRUE(WIFEXITED(estado)) << Leer(salida);

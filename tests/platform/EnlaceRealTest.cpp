@@ -108,7 +108,7 @@ TEST(EnlaceReal, Veth_ppp0_da_2_mientras_esta_arriba_y_0_al_caer_con_sus_bytes) 
     EXPECT_EQ(caida.entrada, "ppp0");
     EXPECT_EQ(caida.bytes, l[4]) << "los bytes finales, leidos al caer";
     EXPECT_GE(caida.tx, movido.tx);
-    EXPECT_EQ(l[5], l[3]) << "0 se mantiene hasta el siguiente enlace";
+    EXPECT_EQ(l[5], "-1 0 - - -") << "tras el 0, la linea en reposo";
 }
 
 } // namespace

@@ -27,6 +27,9 @@ inline void InstalarGancho(const std::filesystem::path& carpeta) {
 inline pid_t LanzarGancho(const std::filesystem::path& script, const std::vector<std::string>& args,
                           std::vector<std::string> entorno) {
     entorno.push_back("PATH=/usr/sbin:/usr/bin:/sbin:/bin");
+    // The link marks go to the test folder, never to the real /run.
+    entorno.push_back("VORIMESK_MARCAS=" +
+                      (script.parent_path().parent_path() / "marcas").string());
     if (const char* tz = std::getenv("TZ")) {
         entorno.push_back(std::string("TZ=") + tz);
     }
