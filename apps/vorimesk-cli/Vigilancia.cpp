@@ -10,6 +10,7 @@
 #include "tariff/AjustesTarifa.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <ostream>
 
 namespace vorimesk::cli {
@@ -50,7 +51,21 @@ void Vigilancia::Iniciar() {
     log_.CopiaUnaVezPorSesion();
     linea_ = std::make_unique<LineaMarcador>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, ajustes_, bono_, pendientes_, registro_,
-                                                 *linea_, carpeta_);
+                                                 *linea_, carpeta_, OpcionesMonitor());
+}
+
+// VORIMESK_ESPERA_LOG (seconds) shortens the wait for the session log, so the
+// fault rig sees the meter's own records become calls in a few seconds.
+MonitorConexion::Opciones Vigilancia::OpcionesMonitor() {
+    MonitorConexion::Opciones o;
+    if (const char* v = std::getenv("VORIMESK_ESPERA_LOG")) {
+        char* fin = nullptr;
+        const long segundos = std::strtol(v, &fin, 10);
+        if (fin != v && *fin == '\0' && segundos > 0) {
+            o.esperaLogSegundos = segundos;
+        }
+    }
+    return o;
 }
 
 Vigilancia::~Vigilancia() = default;

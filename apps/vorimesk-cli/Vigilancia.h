@@ -53,6 +53,7 @@ public:
 
 private:
     std::string RutaLogModem() const;
+    static MonitorConexion::Opciones OpcionesMonitor();
     void Escribir(const std::string& linea, bool suceso);
     // On the error stream, clearing a status line left on the terminal.
     void Avisar(const std::string& linea);

@@ -98,26 +98,49 @@ void LlamadasPropias::Cerrar(Fecha fin, std::optional<Fecha> fechaSesion) {
     Escribir(r);
 }
 
-void LlamadasPropias::Cubrir(const RegistroMonitor& registro, int desde) {
-    for (int i = desde; i < registro.Count() && !esperando_.empty(); ++i) {
+void LlamadasPropias::Cubrir(const RegistroMonitor& registro, int desde, Fecha ahora) {
+    for (int i = desde; i < registro.Count(); ++i) {
         const LlamadaAnotada a = registro.Anotada(i);
-        auto mejor = esperando_.end();
-        std::int64_t distancia = kToleranciaInicio + 1;
-        for (auto it = esperando_.begin(); it != esperando_.end(); ++it) {
-            const LlamadaVista& v = it->vista;
-            if (v.FechaSesion && Distancia(*v.FechaSesion, a.Inicio) <= kToleranciaSesion) {
-                mejor = it;
-                break;
-            }
-            const bool mismaEntrada = a.Conexion.empty() || a.Conexion == v.Entrada;
-            if (mismaEntrada && Distancia(v.Inicio, a.Inicio) < distancia) {
-                distancia = Distancia(v.Inicio, a.Inicio);
-                mejor = it;
-            }
+        if (!CubrirUna(a)) {
+            // The log may give a session before the meter has closed the
+            // call (its ip-down ran before the interface went): the record
+            // closed later is matched against it then.
+            sinNota_.push_back({a, ahora});
         }
-        if (mejor != esperando_.end()) {
-            archivo_.Borrar(mejor->nombre);
-            esperando_.erase(mejor);
+    }
+}
+
+bool LlamadasPropias::CubrirUna(const LlamadaAnotada& a) {
+    auto mejor = esperando_.end();
+    std::int64_t distancia = kToleranciaInicio + 1;
+    for (auto it = esperando_.begin(); it != esperando_.end(); ++it) {
+        const LlamadaVista& v = it->vista;
+        if (v.FechaSesion && Distancia(*v.FechaSesion, a.Inicio) <= kToleranciaSesion) {
+            mejor = it;
+            break;
+        }
+        const bool mismaEntrada = a.Conexion.empty() || a.Conexion == v.Entrada;
+        if (mismaEntrada && Distancia(v.Inicio, a.Inicio) < distancia) {
+            distancia = Distancia(v.Inicio, a.Inicio);
+            mejor = it;
+        }
+    }
+    if (mejor == esperando_.end()) {
+        return false;
+    }
+    archivo_.Borrar(mejor->nombre);
+    esperando_.erase(mejor);
+    return true;
+}
+
+// Calls of the log no record was waiting for, tried again on the records
+// that have closed since; forgotten after a while.
+void LlamadasPropias::CubrirPendientes(Fecha ahora) {
+    for (auto it = sinNota_.begin(); it != sinNota_.end();) {
+        if (CubrirUna(it->llamada) || ahora.Segundos() - it->leida.Segundos() > kSegundosSinNota) {
+            it = sinNota_.erase(it);
+        } else {
+            ++it;
         }
     }
 }
@@ -126,6 +149,7 @@ LlamadasPropias::Resultado LlamadasPropias::Vencidas(Fecha ahora, RegistroMonito
                                                      cBono& bono,
                                                      const std::vector<Fecha>& festivos) {
     Resultado res;
+    CubrirPendientes(ahora);
     for (auto it = esperando_.begin(); it != esperando_.end();) {
         if (ahora < it->plazo) {
             ++it;

@@ -58,9 +58,13 @@ public:
         int Anotadas = 0; // records that became calls of the register
         std::string Error;
     };
+    // How long a call of the log that no record matched is kept to match a
+    // record that closes later.
+    static constexpr std::int64_t kSegundosSinNota = 600;
+
     // Drops the records covered by the calls the register appended from
     // position `desde` on.
-    void Cubrir(const RegistroMonitor& registro, int desde);
+    void Cubrir(const RegistroMonitor& registro, int desde, Fecha ahora);
     // Turns the records whose wait is over into calls.
     Resultado Vencidas(Fecha ahora, RegistroMonitor& registro, cBono& bono,
                        const std::vector<Fecha>& festivos);
@@ -74,7 +78,13 @@ private:
         LlamadaVista vista;
         Fecha plazo; // the end of its wait
     };
+    struct SinNota {
+        LlamadaAnotada llamada;
+        Fecha leida;
+    };
     void Escribir(const Registro& r);
+    bool CubrirUna(const LlamadaAnotada& a);
+    void CubrirPendientes(Fecha ahora);
     void CerrarSinLlamada(Registro r, Fecha ahora);
 
     ArchivoLlamadasVistas archivo_;
@@ -83,6 +93,7 @@ private:
     Fecha guardada_; // when the open record was last written
     std::vector<Registro> esperando_;
     std::vector<Registro> sinRetomar_; // open records left by an earlier run
+    std::vector<SinNota> sinNota_;
 };
 
 } // namespace vorimesk

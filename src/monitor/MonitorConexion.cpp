@@ -221,7 +221,7 @@ void MonitorConexion::LeerLog(Sucesos& s, bool rellenar) {
                                    abierta->Conexion());
     }
     if (r.Añadidas > 0) {
-        Propias(s, [&] { propias_.Cubrir(registro_, antes); });
+        Propias(s, [&] { propias_.Cubrir(registro_, antes, reloj_.Ahora()); });
         Anotadas(r.Añadidas, s, rellenar);
     }
     if (r.Abandonada) {

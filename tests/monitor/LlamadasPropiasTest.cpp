@@ -192,6 +192,26 @@ TEST_F(Propias, UnaCaidaYRemarcadoEnUnTickSonDosLlamadas) {
     EXPECT_EQ(Vistas(), 0);
 }
 
+// El gancho cierra la sesion antes de que la interfaz desaparezca: el log da
+// la llamada cuando el contador aun la ve arriba, y la nota que se cierra
+// despues no la repite.
+TEST_F(Propias, LaSesionLeidaAntesDeQueElContadorCierreLaLlamadaNoSeRepite) {
+    Ticks(1, kConectado);
+    Subida(Miercoles(10, 0, 1));
+    Ticks(9, kConectado);
+    Ticks(1, kNada); // la primera acaba sin sus lineas de cierre aun
+    Ticks(1, kConectado, "ppp0#6#300");
+    Subida(Miercoles(10, 0, 12));
+    Ticks(5, kConectado, "ppp0#6#300");
+    Bajada(Miercoles(10, 0, 17));       // las dos quedan cerradas en el log
+    Ticks(1, kConectado, "ppp0#6#300"); // se leen con la segunda aun arriba
+    EXPECT_EQ(Guardado().Count(), 1) << "la primera, que acabo mal, no se lee";
+    Ticks(1, kNada);
+    Ticks(kEspera * 2, kNada);
+    EXPECT_EQ(Guardado().Count(), 2);
+    EXPECT_EQ(Vistas(), 0);
+}
+
 // El log de la primera esta cerrado pero detras hay otra sesion abierta: no
 // se puede leer aun, y la anotacion espera a que se lea con la siguiente.
 TEST_F(Propias, UnaSesionCerradaDetrasDeUnaAbiertaSeEsperaSinLimite) {
