@@ -90,7 +90,10 @@ TEST(EnlaceReal, Veth_ppp0_da_2_mientras_esta_arriba_y_0_al_caer_con_sus_bytes) 
         pasos += " enviar:10.213.0.2:9:1000";
     }
     pasos += " hasta-tx:5000 'orden:ip link set ppp0 down' mirar contadores:ppp0 mirar";
-    const auto l = Lineas("ip netns exec " + e.lado + " " VORIMESK_SONDA " " + pasos);
+    // A /proc of its own: pppd processes of other rigs running at the same
+    // time are not this link's.
+    const auto l = Lineas("ip netns exec " + e.lado +
+                          " unshare -p -f --mount-proc " VORIMESK_SONDA " " + pasos);
     ASSERT_EQ(l.size(), 6u) << (l.empty() ? "" : l.back());
 
     EXPECT_EQ(l[0], "-1 0 - - -") << "ppp0 existe pero esta abajo";

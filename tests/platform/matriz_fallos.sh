@@ -180,18 +180,20 @@ for orden in ip unshare run-parts jq dash; do
 done
 RAIZ=$(mktemp -d /tmp/vorimesk-matriz.XXXXXX)
 PROPIO=$(realpath "$0")
-trap 'for ns in $(ip netns list | awk "/^vorimesk-mf-$$-/ {print \$1}"); do ip netns del $ns; done; [ -n "${MATRIZ_CONSERVAR:-}" ] || rm -rf "$RAIZ"' EXIT
-if ! ip netns add "vorimesk-mf-$$-prueba" 2>/dev/null; then
+trap 'for ns in $(ip netns list | awk "/^vorimesk-mf[0-9]*-$$( |$)/ {print \$1}"); do ip netns del $ns; done; [ -n "${MATRIZ_CONSERVAR:-}" ] || rm -rf "$RAIZ"' EXIT
+if ! ip netns add "vorimesk-mfprueba-$$" 2>/dev/null; then
     echo "SKIP: no se permite crear espacios de red aqui"; exit 77
 fi
-ip netns del "vorimesk-mf-$$-prueba"
+ip netns del "vorimesk-mfprueba-$$"
 
 # Two scenarios at a time: the machine has two cores and the meter ticks once
 # a second anyway.
 n=0
 for esc in $ESCENARIOS; do
     n=$((n + 1))
-    ns=vorimesk-mf-$$-$n
+    # The pid last, as every rig of the project names them, so a run that
+    # was killed is cleaned up by the next one of any of them.
+    ns=vorimesk-mf$n-$$
     mkdir -p "$RAIZ/$esc"
     (
         ip netns add "$ns"
