@@ -180,7 +180,13 @@ for orden in ip unshare run-parts jq dash; do
 done
 RAIZ=$(mktemp -d /tmp/vorimesk-matriz.XXXXXX)
 PROPIO=$(realpath "$0")
-trap 'for ns in $(ip netns list | awk "/^vorimesk-mf[0-9]*-$$( |$)/ {print \$1}"); do ip netns del $ns; done; [ -n "${MATRIZ_CONSERVAR:-}" ] || rm -rf "$RAIZ"' EXIT
+limpiar() {
+    for ns in $(ip netns list | awk -v pid="$$" '$1 ~ ("^vorimesk-mf[0-9]*-" pid "$") {print $1}'); do
+        ip netns del "$ns"
+    done
+    [ -n "${MATRIZ_CONSERVAR:-}" ] || rm -rf "$RAIZ"
+}
+trap limpiar EXIT
 if ! ip netns add "vorimesk-mfprueba-$$" 2>/dev/null; then
     echo "SKIP: no se permite crear espacios de red aqui"; exit 77
 fi
