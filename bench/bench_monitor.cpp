@@ -22,6 +22,12 @@ public:
     Fecha DateConexion() const override { return Fecha::Crear(2026, 3, 6, 17, 30, 0); }
     int Count() const override { return 0; }
     void SalvarLog() override {}
+    LlamadaAnotada Anotada(int) const override { return {}; }
+    SesionEnLog Sesion(Fecha) const override { return SesionEnLog::Ausente; }
+    int AnotarVista(const LlamadaVista&, const std::filesystem::path&, cBono&,
+                    const std::vector<Fecha>&) override {
+        return 0;
+    }
 };
 
 class LineaQuieta final : public LineaMonitor {

@@ -69,6 +69,7 @@ std::optional<std::string> LineaSuceso(const SucesoMonitor& s, const MonitorCone
     case SucesoMonitor::Tipo::LanzarPrograma:
         return "Programa al conectar (no se abre desde la linea de ordenes): " + s.texto;
     case SucesoMonitor::Tipo::LogSinCerrar:
+    case SucesoMonitor::Tipo::SinRegistroSistema:
         return s.texto;
     case SucesoMonitor::Tipo::ErrorRegistro:
         return "Error del registro: " + s.texto;

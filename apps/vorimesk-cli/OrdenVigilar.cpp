@@ -1,7 +1,8 @@
 // vigilar: the headless meter. Watches the dial-up link (or plays a scripted
 // modem), prices the call live once a second of meter time and puts each
-// finished call in the register, saved at once. Ctrl-C or SIGTERM stop it
-// cleanly, saving the register and the settings.
+// finished call in the register, saved at once with the ledger and the
+// pending list. Ctrl-C, SIGTERM or SIGHUP stop it cleanly, saving the register
+// and the settings.
 
 #include "ArgumentosCli.h"
 #include "ObservadoresVigilar.h"
@@ -25,7 +26,8 @@ extern "C" void AlParar(int) {
     parar = 1;
 }
 
-// Handles SIGINT and SIGTERM while alive and puts the old handlers back.
+// Handles SIGINT, SIGTERM and SIGHUP (the terminal closed) while alive and
+// puts the old handlers back: each stops the meter, which saves and exits 0.
 class SeñalesDeParada {
 public:
     SeñalesDeParada() {
@@ -35,10 +37,12 @@ public:
         sigemptyset(&sa.sa_mask);
         sigaction(SIGINT, &sa, &antesInt_);
         sigaction(SIGTERM, &sa, &antesTerm_);
+        sigaction(SIGHUP, &sa, &antesHup_);
     }
     ~SeñalesDeParada() {
         sigaction(SIGINT, &antesInt_, nullptr);
         sigaction(SIGTERM, &antesTerm_, nullptr);
+        sigaction(SIGHUP, &antesHup_, nullptr);
     }
     SeñalesDeParada(const SeñalesDeParada&) = delete;
     SeñalesDeParada& operator=(const SeñalesDeParada&) = delete;
@@ -46,6 +50,7 @@ public:
 private:
     struct sigaction antesInt_ = {};
     struct sigaction antesTerm_ = {};
+    struct sigaction antesHup_ = {};
 };
 
 using Instante = std::chrono::steady_clock::time_point;

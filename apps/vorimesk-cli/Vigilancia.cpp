@@ -3,7 +3,10 @@
 #include "AjustesCli.h"
 #include "ArgumentosCli.h"
 #include "monitor/EntradasConexion.h"
+#include "platform/LecturaFuente.h"
 #include "platform/LineasModemLog.h"
+
+#include <cstdlib>
 
 namespace vorimesk::cli {
 namespace {
@@ -41,7 +44,7 @@ void Vigilancia::Iniciar() {
     linea_ = std::make_unique<LineaPlataforma>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, sesion_.Ajustes(), sesion_.Bono(),
                                                  sesion_.Pendientes(), sesion_.RegistroDelMonitor(),
-                                                 *linea_, carpeta_);
+                                                 *linea_, carpeta_, OpcionesMonitor());
     observador_.Comienzo({reloj_->Ahora(), carpeta_, rutaModemLog_, simulada_});
     TomarSesionesDelSistema();
 }
@@ -59,6 +62,20 @@ void Vigilancia::TomarSesionesDelSistema() {
     if (!toma.Error.empty()) {
         observador_.Suceso({SucesoMonitor::Tipo::ErrorRegistro, toma.Error}, momento);
     }
+}
+
+// VORIMESK_ESPERA_LOG (seconds) shortens the wait for the session log, so the
+// fault rig sees the meter's own records become calls in a few seconds.
+MonitorConexion::Opciones Vigilancia::OpcionesMonitor() {
+    MonitorConexion::Opciones o;
+    if (const char* v = std::getenv("VORIMESK_ESPERA_LOG")) {
+        char* fin = nullptr;
+        const long segundos = std::strtol(v, &fin, 10);
+        if (fin != v && *fin == '\0' && segundos > 0) {
+            o.esperaLogSegundos = segundos;
+        }
+    }
+    return o;
 }
 
 Vigilancia::~Vigilancia() = default;
@@ -82,16 +99,13 @@ void Vigilancia::Avanzar() {
 }
 
 void Vigilancia::Paso() {
-    FuenteConexiones& fuente = *plataforma_.conexiones;
-    fuente.Actualizar();
-    const LecturaConexion lectura{fuente.Count(), fuente.IntState(), fuente.EntryName(),
-                                  fuente.Aviso()};
+    const LecturaConexion lectura = LeerFuente(*plataforma_.conexiones);
     const MomentoVigilancia momento{reloj_->Ahora(), lectura, *monitor_, sesion_.Registro()};
     observador_.Lectura(momento);
-    for (const SucesoMonitor& s : monitor_->Tick(lectura)) {
-        if (s.tipo == SucesoMonitor::Tipo::LlamadaIniciada) {
-            sesion_.PendienteAñadido();
-        }
+    const MonitorConexion::Sucesos sucesos = monitor_->Tick(lectura);
+    // On disk before it is told: what the user reads is already safe.
+    sesion_.TrasSucesos(sucesos);
+    for (const SucesoMonitor& s : sucesos) {
         observador_.Suceso(s, momento);
     }
     observador_.Tick(momento);

@@ -51,6 +51,7 @@ public:
 private:
     std::string RutaLogModem() const;
     void TomarSesionesDelSistema();
+    static MonitorConexion::Opciones OpcionesMonitor();
 
     std::filesystem::path carpeta_;
     bool simulada_;

@@ -3,6 +3,8 @@
 // never asks the system itself, so the same logic runs on the Linux links, on
 // the scripted modem and on a test's made-up values.
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -26,6 +28,16 @@ struct LecturaConexion {
     std::string EntryName;
     // Why the system refused the last dial or hang-up; shown on the status line.
     std::string Aviso;
+    // The link session (interface, ifindex and pppd pid as one text); empty
+    // when the source cannot tell sessions apart. A new identity while a
+    // call is open is a new call: the link dropped and came back between
+    // two looks.
+    std::string Sesion = {};
+    std::string Interfaz = {};
+    int Pid = 0;
+    // Bytes of the link so far (the final ones for kDesconectado), when known.
+    std::optional<std::uint64_t> Recibidos = {};
+    std::optional<std::uint64_t> Enviados = {};
 };
 
 } // namespace vorimesk

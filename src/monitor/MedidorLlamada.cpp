@@ -30,8 +30,8 @@ LecturaMedidor MedidorLlamada::Medir(cLlamada& libro, Fecha inicio, Fecha ahora,
     l.importe = libro.importe();
     l.Coste = CosteMostrado(l.importe, ajustes_);
     l.TextoCoste = TextoCoste(l.Coste);
-    l.TipoActual = libro.TipoActual();
-    l.BonoNetActual = libro.BonoNetActual();
+    l.BandaAhora = libro.Tipo();
+    l.BonoAhora = libro.BonoNet();
     if (l.ConBono) {
         // The working copy holds what this call has drawn so far.
         const cBono& enLlamada = libro.Bono();
@@ -52,8 +52,8 @@ std::string MedidorLlamada::PuntaBandeja(const LecturaMedidor& l) {
                "  " + kTarifaDesconocida + " (\"" + l.NombreTarifa + "\")";
     }
     std::string punta = std::string(kTituloVentana) + "  Conectado a " + l.Entrada + "\n" +
-                        l.Duracion + "  " + l.TextoCoste + "  " + TextoBanda(l.TipoActual);
-    if (l.BonoNetActual) {
+                        l.Duracion + "  " + l.TextoCoste + "  " + TextoBanda(l.BandaAhora);
+    if (l.BonoAhora) {
         punta += "  BonoNet";
     }
     return punta;
@@ -65,14 +65,14 @@ void MedidorLlamada::Mostrar(const LecturaMedidor& l, PantallaMonitor& p) const 
         p.BonoQueda = l.BonoQueda;
     }
     if (ajustes_.ColorSegunTarifa) {
-        p.ColorTiempo = l.TipoActual == 1 ? kColorBandaReducida : kColorBandaNormal;
+        p.ColorTiempo = l.BandaAhora == 1 ? kColorBandaReducida : kColorBandaNormal;
     } else {
         p.ColorTiempo = kColorNegro;
     }
     p.Tiempo = l.Duracion;
     p.Gasto = l.TextoCoste;
-    p.Tarifa = l.Tasada ? TextoBanda(l.TipoActual) : std::string();
-    p.Bono = l.BonoNetActual ? "BonoNet" : "";
+    p.Tarifa = l.Tasada ? TextoBanda(l.BandaAhora) : std::string();
+    p.Bono = l.BonoAhora ? "BonoNet" : "";
     p.PuntaBandeja = PuntaBandeja(l);
 }
 

@@ -11,7 +11,16 @@ MonitorConexion::MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& b
                                  Opciones opciones)
     : reloj_(reloj), ajustes_(ajustes), bono_(bono), pendientes_(pendientes), registro_(registro),
       linea_(linea), carpeta_(std::move(carpetaDatos)), medidor_(ajustes, bono),
-      espera_(opciones.esperaLogSegundos) {}
+      espera_(opciones.esperaLogSegundos),
+      propias_(carpeta_, opciones.esperaLogSegundos, reloj.Ahora()) {}
+
+template <typename Paso> void MonitorConexion::Propias(Sucesos& s, Paso paso) {
+    try {
+        paso();
+    } catch (const vorimesk::Error& e) {
+        s.push_back({SucesoMonitor::Tipo::ErrorRegistro, e.what()});
+    }
+}
 
 MonitorConexion::Sucesos MonitorConexion::Tick(const LecturaConexion& lectura) {
     Sucesos s = TickEstado(lectura);
@@ -60,28 +69,53 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
     if (!p.Aviso.empty()) {
         p.MsgEstado = p.Aviso;
     }
-    if (estado != LecturaConexion::kConectado) {
+    const bool conectado = estado == LecturaConexion::kConectado;
+    if (!conectado || OtraSesion(sesionColgada_, lectura.Sesion)) {
         colgadoPorUsuario_ = false;
     }
-    if (estado == LecturaConexion::kConectado && enganche_ == 0 && !colgadoPorUsuario_) {
-        IniciarLlamada(lectura.EntryName, s);
-    } else if (estado != LecturaConexion::kConectado && LlamadaAbierta()) {
+    if (!conectado) {
+        // Records a stopped meter left open belong to links gone by now.
+        Propias(s, [&] { propias_.Reanudar({}, reloj_.Ahora()); });
+    }
+    if (LlamadaAbierta() && !OtraSesion(sesionLlamada_, lectura.Sesion)) {
+        SeguirPropia(&lectura, s); // the final bytes come with the 0
+    }
+    if (conectado && LlamadaAbierta() && OtraSesion(sesionLlamada_, lectura.Sesion)) {
+        // The link dropped and came back between two looks: the call that
+        // was open ended, and this is another one.
+        pantalla_.BotonConexion = false;
+        AlSoltar(s);
+    }
+    if (conectado && enganche_ == 0 && !colgadoPorUsuario_) {
+        IniciarLlamada(lectura, s);
+    } else if (!conectado && LlamadaAbierta()) {
         pantalla_.BotonConexion = false;
         AlSoltar(s);
     } else if (LlamadaAbierta()) {
+        if (sesionLlamada_.empty()) {
+            sesionLlamada_ = lectura.Sesion;
+        }
         RefrescarFecha(s);
     }
     return s;
 }
 
-void MonitorConexion::IniciarLlamada(const std::string& entrada, Sucesos& s) {
-    espera_.Cancelar(); // this call's end reads whatever the log still holds
+// Both sessions known and not the same one.
+bool MonitorConexion::OtraSesion(const std::string& vista, const std::string& ahora) {
+    return !vista.empty() && !ahora.empty() && vista != ahora;
+}
+
+void MonitorConexion::IniciarLlamada(const LecturaConexion& lectura, Sucesos& s) {
+    // A wait for the previous call's log goes on: that call keeps its own.
+    const std::string& entrada = lectura.EntryName;
+    sesionLlamada_ = lectura.Sesion;
     enganche_ = kEnganchado;
     // Pressing cmdConexion; a button the user already pressed to dial is
     // pressed all the same, so the connect actions run once for every call.
     pantalla_.BotonConexion = true;
     AccionesAlConectar(s);
     inicioLlamada_ = reloj_.Ahora();
+    AbrirPropia(lectura, s);
     if (!libro_) {
         libro_.emplace(carpeta_);
     }
@@ -139,16 +173,23 @@ MonitorConexion::Sucesos MonitorConexion::Soltar() {
     }
     pantalla_.BotonConexion = false;
     colgadoPorUsuario_ = LlamadaAbierta();
+    sesionColgada_ = sesionLlamada_;
     AlSoltar(s);
     return s;
 }
 
 void MonitorConexion::AlSoltar(Sucesos& s) {
     if (enganche_ > kEnganchado - 1) {
-        linea_.Colgar(entradaLlamada_);
+        // Only the user hangs up: a link that dropped by itself may belong to
+        // a pppd about to redial (`persist`), which must be left alone.
+        if (colgadoPorUsuario_) {
+            linea_.Colgar(entradaLlamada_);
+        }
         enganche_ = 0;
         medidorActivo_ = false;
         RefrescarFecha(s);
+        const std::optional<Fecha> fechaSesion = FechaSesion();
+        Propias(s, [&] { propias_.Cerrar(reloj_.Ahora(), fechaSesion); });
         if (perfil_ != nullptr && PerfilSigue()) {
             fechaAnterior_ = perfil_->fecha();
         }
@@ -170,29 +211,99 @@ void MonitorConexion::AlSoltar(Sucesos& s) {
 
 void MonitorConexion::LeerLog(Sucesos& s, bool rellenar) {
     if (!espera_.Esperando()) {
+        AnotarPropias(s, rellenar);
         return;
     }
+    const int antes = registro_.Count();
+    const std::optional<cConexion> abierta =
+        perfil_ != nullptr && PerfilSigue() ? std::optional<cConexion>(*perfil_) : std::nullopt;
     const EsperaLogModem::Resultado r =
         espera_.Intentar(reloj_.Ahora(), registro_, bono_, ajustes_.Festivos, pendientes_);
+    if (abierta && !PerfilSigue()) {
+        // The reader empties the pending list once it has read a log; the
+        // call still up keeps its record, or its session would be priced
+        // with no tariff when it is read.
+        perfil_ = &pendientes_.Add(abierta->fecha(), abierta->Tarifa(), abierta->Descuento(),
+                                   abierta->Conexion());
+    }
     if (r.Añadidas > 0) {
-        try {
-            registro_.SalvarLog();
-        } catch (const vorimesk::Error& e) {
-            s.push_back({SucesoMonitor::Tipo::ErrorRegistro, e.what()});
-        }
-        s.push_back({SucesoMonitor::Tipo::LlamadasAnotadas, {}, MotivoAviso::Conectar, r.Añadidas});
-        if (rellenar) {
-            s.push_back({SucesoMonitor::Tipo::RellenarRegistro, {}});
-        }
+        Propias(s, [&] { propias_.Cubrir(registro_, antes, reloj_.Ahora()); });
+        Anotadas(r.Añadidas, s, rellenar);
     }
     if (r.Abandonada) {
         s.push_back({SucesoMonitor::Tipo::LogSinCerrar,
-                     "El registro del modem no se ha cerrado; sus llamadas se anotaran al "
-                     "terminar la proxima."});
+                     "El registro del modem no se ha cerrado a tiempo; lo que no de se anota "
+                     "con lo que midio el contador."});
     }
     if (!r.Error.empty()) {
         s.push_back({SucesoMonitor::Tipo::ErrorRegistro, r.Error});
     }
+    AnotarPropias(s, rellenar);
+}
+
+// Saves the register at once and tells the caller.
+void MonitorConexion::Anotadas(int n, Sucesos& s, bool rellenar) {
+    try {
+        registro_.SalvarLog();
+    } catch (const vorimesk::Error& e) {
+        s.push_back({SucesoMonitor::Tipo::ErrorRegistro, e.what()});
+    }
+    s.push_back({SucesoMonitor::Tipo::LlamadasAnotadas, {}, MotivoAviso::Conectar, n});
+    if (rellenar) {
+        s.push_back({SucesoMonitor::Tipo::RellenarRegistro, {}});
+    }
+}
+
+void MonitorConexion::AnotarPropias(Sucesos& s, bool rellenar) {
+    const LlamadasPropias::Resultado r =
+        propias_.Vencidas(reloj_.Ahora(), registro_, bono_, ajustes_.Festivos);
+    if (!r.Error.empty()) {
+        s.push_back({SucesoMonitor::Tipo::ErrorRegistro, r.Error});
+    }
+    if (r.Anotadas == 0) {
+        return;
+    }
+    Anotadas(r.Anotadas, s, rellenar);
+    if (!sinRegistroAvisado_) {
+        sinRegistroAvisado_ = true;
+        s.push_back({SucesoMonitor::Tipo::SinRegistroSistema, kAvisoSinRegistroSistema});
+    }
+}
+
+void MonitorConexion::AbrirPropia(const LecturaConexion& lectura, Sucesos& s) {
+    Propias(s, [&] {
+        if (const auto retomada = propias_.Reanudar(lectura.Sesion, reloj_.Ahora())) {
+            inicioLlamada_ = retomada->Inicio; // the meter was stopped mid-call
+            return;
+        }
+        const PerfilEntrada perfil = BuscarPerfilEntrada(ajustes_, lectura.EntryName);
+        LlamadaVista v;
+        v.Inicio = inicioLlamada_;
+        v.Entrada = lectura.EntryName;
+        v.Tarifa = perfil.Tarifa;
+        v.Descuento = perfil.Descuento;
+        v.Interfaz = lectura.Interfaz;
+        v.Pid = lectura.Pid;
+        v.Sesion = lectura.Sesion;
+        v.Recibidos = lectura.Recibidos.value_or(0);
+        v.Enviados = lectura.Enviados.value_or(0);
+        propias_.Abrir(std::move(v), reloj_.Ahora());
+    });
+}
+
+void MonitorConexion::SeguirPropia(const LecturaConexion* lectura, Sucesos& s) {
+    Propias(s, [&] {
+        propias_.Seguir(reloj_.Ahora(), lectura ? lectura->Recibidos : std::nullopt,
+                        lectura ? lectura->Enviados : std::nullopt, FechaSesion());
+    });
+}
+
+// The call's "in use" stamp once its pending connection holds it.
+std::optional<Fecha> MonitorConexion::FechaSesion() const {
+    if (!fechaFirme_ || perfil_ == nullptr || !PerfilSigue()) {
+        return std::nullopt;
+    }
+    return perfil_->fecha();
 }
 
 std::optional<Fecha> MonitorConexion::LeerFechaConexion(Sucesos& s) {

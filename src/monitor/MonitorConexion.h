@@ -20,12 +20,20 @@
 // while the log gives no session, or only the one the previous call used,
 // the stamp is read again on later ticks and once more when the call ends.
 //
-// Ending a call hangs up the watched entry, stops the meter and takes the
-// call from the modem log, waiting for its closing lines a bounded time (see
-// EsperaLogModem); calls that enter the register are saved at once. After a
-// hang-up asked by the user, state 2 opens no call until the source has
-// shown the link gone, so the last ticks of a link being torn down are not
-// taken for a new call.
+// A call is one link session: when the source names the session (interface,
+// ifindex, pppd pid) and a tick in state 2 shows another one than the open
+// call's, the link dropped and came back between two looks, so the open call
+// ends and a new one starts on that tick.
+//
+// Ending a call stops the meter and takes the call from the modem log,
+// waiting for its closing lines a bounded time (see EsperaLogModem); a new
+// call does not cancel that wait. Calls that enter the register are saved at
+// once. Only a hang-up asked by the user (the button, the tray, an alert's
+// action) hangs up the entry: a link that dropped by itself is left to its
+// pppd, which may be redialling. After a hang-up asked by the user, state 2
+// opens no call until the source has shown the link gone (or another
+// session), so the last ticks of a link being torn down are not taken for a
+// new call.
 
 #include "AvisosLlamada.h"
 #include "ControlHora.h"
@@ -33,6 +41,7 @@
 #include "LecturaConexion.h"
 #include "LecturaMedidor.h"
 #include "LineaMonitor.h"
+#include "LlamadasPropias.h"
 #include "MedidorLlamada.h"
 #include "PantallaMonitor.h"
 #include "RegistroMonitor.h"
@@ -50,6 +59,13 @@
 #include <vector>
 
 namespace vorimesk {
+
+// Told once per run when a call is recorded from the meter's own record.
+inline constexpr const char* kAvisoSinRegistroSistema =
+    "Las llamadas se estan anotando sin el registro de sesiones del sistema: no ha llegado "
+    "el de una conexion terminada (puede faltar el gancho de pppd en /etc/ppp/ip-up.d e "
+    "ip-down.d, un /etc/ppp/ip-up.local impide que se ejecute, o pppd termino sin ejecutar "
+    "ip-down). Se anotan con la hora, la tarifa y los bytes que midio el contador.";
 
 class MonitorConexion {
 public:
@@ -101,13 +117,23 @@ public:
     // The figures of the last live-meter tick.
     const LecturaMedidor& Medida() const { return medida_; }
     bool EsperandoLog() const { return espera_.Esperando(); }
+    // The meter's own records of ended calls still waiting for the log.
+    int LlamadasPropiasEnEspera() const { return propias_.Esperando(); }
 
 private:
-    void IniciarLlamada(const std::string& entrada, Sucesos& s);
+    void IniciarLlamada(const LecturaConexion& lectura, Sucesos& s);
+    static bool OtraSesion(const std::string& vista, const std::string& ahora);
     void AccionesAlConectar(Sucesos& s);
     void AlSoltar(Sucesos& s);
     // Asks for the refill itself when `rellenar` (the release asks for its own).
     void LeerLog(Sucesos& s, bool rellenar);
+    void AnotarPropias(Sucesos& s, bool rellenar);
+    void Anotadas(int n, Sucesos& s, bool rellenar);
+    void AbrirPropia(const LecturaConexion& lectura, Sucesos& s);
+    void SeguirPropia(const LecturaConexion* lectura, Sucesos& s);
+    std::optional<Fecha> FechaSesion() const;
+    // Runs a step of the own records, reporting a failure of their files.
+    template <typename Paso> void Propias(Sucesos& s, Paso paso);
     std::optional<Fecha> LeerFechaConexion(Sucesos& s);
     void RefrescarFecha(Sucesos& s);
     bool PerfilSigue() const;
@@ -125,6 +151,8 @@ private:
     AvisosLlamada avisos_;
     MedidorLlamada medidor_;
     EsperaLogModem espera_;
+    LlamadasPropias propias_;
+    bool sinRegistroAvisado_ = false;
     ControlHora hora_;
     std::optional<cLlamada> libro_;
     LecturaMedidor medida_;
@@ -132,6 +160,8 @@ private:
     std::uint16_t enganche_ = 0;
     bool medidorActivo_ = false;
     bool colgadoPorUsuario_ = false;
+    std::string sesionLlamada_; // the link session of the open call
+    std::string sesionColgada_; // the one the user hung up last
     Fecha inicioLlamada_;
     std::string entradaLlamada_;
     std::int16_t grupoBono_ = cBono::kGrupoDia;

@@ -1,7 +1,11 @@
 #include "RegistroLog.h"
 
+#include "LlamadaVista.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
+#include "core/Lineas.h"
+#include "register/LogModem.h"
+#include "tariff/colConexion.h"
 
 namespace vorimesk {
 namespace {
@@ -55,6 +59,57 @@ void RegistroLog::LlamadaTerminada(Fecha inicio) {
     if (sesiones_ && sesiones_->HaySesiones()) {
         esperada_ = inicio;
     }
+}
+
+LlamadaAnotada RegistroLog::Anotada(int indice) const {
+    return {log_.Dia(indice).MasSegundos(log_.Hora(indice).SegundosDelDia()),
+            log_.Conexion(indice)};
+}
+
+SesionEnLog RegistroLog::Sesion(Fecha inicio) const {
+    if (!ExisteModemLog()) {
+        return SesionEnLog::Ausente;
+    }
+    SesionEnLog estado = SesionEnLog::Ausente;
+    const std::string texto = LeerArchivo(log_.NombreLog());
+    for (const std::string_view linea : DividirLineas(texto)) {
+        if (linea.find(kModemEnUso) != std::string_view::npos) {
+            if (estado != SesionEnLog::Ausente) {
+                break; // the next session began: that one never closed
+            }
+            try {
+                if (FechaHoraDeLinea(linea) == inicio) {
+                    estado = SesionEnLog::Abierta;
+                }
+            } catch (const Error&) {
+                // A line the reader cannot date is the reader's to report.
+            }
+        } else if (estado == SesionEnLog::Abierta &&
+                   linea.find(kModemCerrado) != std::string_view::npos) {
+            return SesionEnLog::Cerrada;
+        }
+    }
+    return estado;
+}
+
+int RegistroLog::AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog,
+                             cBono& bono, const std::vector<Fecha>& festivos) {
+    EscribirArchivoSeguro(rutaLog, vista.TextoModemLog(), kSoloUsuario);
+    colConexion propia;
+    propia.Add(vista.Inicio, vista.Tarifa, vista.Descuento, vista.Entrada);
+    // The reader reads the register's modem log: it is pointed at this one
+    // for the one run and back whatever happens.
+    const std::string delSistema = log_.NombreLog();
+    log_.NombreLog(rutaLog.string());
+    const int antes = log_.Count();
+    try {
+        log_.AñadirLog(bono, festivos, propia);
+    } catch (...) {
+        log_.NombreLog(delSistema);
+        throw;
+    }
+    log_.NombreLog(delSistema);
+    return log_.Count() - antes;
 }
 
 } // namespace vorimesk

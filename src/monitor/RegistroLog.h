@@ -33,6 +33,10 @@ public:
     int Count() const override { return log_.Count(); }
     void SalvarLog() override;
     void LlamadaTerminada(Fecha inicio) override;
+    LlamadaAnotada Anotada(int indice) const override;
+    SesionEnLog Sesion(Fecha inicio) const override;
+    int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono& bono,
+                    const std::vector<Fecha>& festivos) override;
 
     // Takes the sessions recorded while the meter was closed (at start-up,
     // once the register is loaded). Nothing without a session journal.

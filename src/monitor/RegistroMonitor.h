@@ -1,15 +1,28 @@
 #pragma once
 // What the monitor needs of the call register: the modem log it fills from,
-// the start of the last session in that log, and saving.
+// the start of the last session in that log, saving, and the calls the
+// meter recorded itself.
 
 #include "core/Fecha.h"
 
+#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace vorimesk {
 
 class cBono;
 class colConexion;
+struct LlamadaVista;
+
+// Where a session stands in the modem log, found by its "in use" stamp.
+enum class SesionEnLog { Ausente, Abierta, Cerrada };
+
+// The start and entry of a call in the register.
+struct LlamadaAnotada {
+    Fecha Inicio;
+    std::string Conexion;
+};
 
 // DateConexion's answer for a missing, empty or session-less modem log.
 inline constexpr Fecha kSinSesion = Fecha::DesdeSegundos(Fecha::kSegundosDia);
@@ -29,6 +42,17 @@ public:
     // A call the monitor watched from `inicio` has ended: a register fed by
     // a session journal awaits the session that covers it.
     virtual void LlamadaTerminada(Fecha /*inicio*/) {}
+
+    // The call at a position (from 0) of the register.
+    virtual LlamadaAnotada Anotada(int indice) const = 0;
+    // Whether the modem log holds the session that began at `inicio`, and
+    // whether its closing lines are there.
+    virtual SesionEnLog Sesion(Fecha inicio) const = 0;
+    // Appends the meter's own record as a call, priced by the register's
+    // reader like a session of the modem log (written to `rutaLog` for it),
+    // with the record's tariff and discount. Returns the calls appended.
+    virtual int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog,
+                            cBono& bono, const std::vector<Fecha>& festivos) = 0;
 };
 
 } // namespace vorimesk

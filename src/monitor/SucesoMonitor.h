@@ -24,6 +24,9 @@ struct SucesoMonitor {
         LogSinCerrar,     // the modem log never got its closing lines: left for later
         ErrorRegistro,    // `texto`: a Spanish message about the register or its log
         BonoRenovado,     // the monthly renewal refilled the ledger's bundles
+        // `texto`: calls are being recorded from the meter's own records, as
+        // no session log of the system came for them; told once per run.
+        SinRegistroSistema,
     };
 
     Tipo tipo;
@@ -33,5 +36,15 @@ struct SucesoMonitor {
 
     bool operator==(const SucesoMonitor&) const = default;
 };
+
+// Whether the event changed what a crash must not lose: a new pending
+// connection (a call began), calls in the register and the bundle time they
+// used, or bundles renewed. The caller then writes the ledger, the pending
+// list and the settings at once (the register is already saved).
+inline bool PideGuardarSesion(const SucesoMonitor& s) {
+    return s.tipo == SucesoMonitor::Tipo::LlamadaIniciada ||
+           s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas ||
+           s.tipo == SucesoMonitor::Tipo::BonoRenovado;
+}
 
 } // namespace vorimesk

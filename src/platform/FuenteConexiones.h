@@ -19,6 +19,28 @@ struct Trafico {
     bool operator==(const Trafico&) const = default;
 };
 
+// Which link session a reading belongs to. pppd may drop and bring a link
+// back between two looks, even under the same interface name; the kernel
+// gives a re-created interface a new index and a new pppd a new pid, so two
+// readings with different identities are two calls.
+struct SesionEnlace {
+    std::string interfaz; // ppp0
+    long indice = 0;      // the interface's ifindex, 0 when unknown
+    int pid = 0;          // the pppd behind it, 0 when unknown
+    // The start the pppd hook marked at ip-up, for `demand` links, whose
+    // interface and pppd stay from one call to the next.
+    std::string marca = {};
+    bool operator==(const SesionEnlace&) const = default;
+    // "ppp0#7#1234" (plus "#START" when marked); empty when nothing is known.
+    std::string Identidad() const {
+        if (interfaz.empty() && indice == 0 && pid == 0) {
+            return {};
+        }
+        return interfaz + "#" + std::to_string(indice) + "#" + std::to_string(pid) +
+               (marca.empty() ? "" : "#" + marca);
+    }
+};
+
 class FuenteConexiones {
 public:
     // State codes of the first connection.
@@ -35,8 +57,9 @@ public:
 
     // Number of active links (dialling or up).
     virtual int Count() const = 0;
-    // The first connection's state code. kDesconectado is kept after a call
-    // until a new link starts, so a monitor that missed the fall still sees it.
+    // The first connection's state code. kDesconectado is given on the look
+    // that finds the call's link gone, then kNada, so the display goes back
+    // to idle (4) and "Conectar" dials again.
     virtual int IntState() const = 0;
     // Dial-up entry name of the first connection (of the ended call for
     // kDesconectado); empty for kNada.
@@ -51,6 +74,9 @@ public:
     // Why the last dial or hang-up was refused, for the status line; empty
     // when it went well.
     virtual std::string Aviso() const { return {}; }
+    // The session of the first connection (of the ended call for
+    // kDesconectado); empty where the system cannot tell sessions apart.
+    virtual SesionEnlace Sesion() const { return {}; }
 };
 
 } // namespace vorimesk

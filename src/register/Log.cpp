@@ -112,7 +112,12 @@ void Log::CargarLog() {
 void Log::SalvarLog() {
     const fs::path ruta = RutaRegistro();
     const std::string bytes = EscribirRegistros(registros_);
-    const bool existia = HacerCopiaSeguridad(ruta);
+    // Once per session the backup keeps the register as the session found
+    // it; otherwise every save leaves the one before.
+    const bool copiar = !copiaUnaVez_ || !copiaHecha_;
+    std::error_code ec;
+    const bool existia = copiar ? HacerCopiaSeguridad(ruta) : fs::exists(ruta, ec);
+    copiaHecha_ = true;
     if (registros_.empty()) {
         if (existia) {
             BorrarArchivo(ruta);

@@ -50,6 +50,11 @@ public:
     std::string Desconectando() const;
     std::string Desconectado() const;
 
+    // The meter saves the register after every call: from then on only the
+    // session's first save makes the "bak" backup, so it keeps the register
+    // as it was before the session and not a copy of the last call's.
+    void CopiaUnaVezPorSesion() { copiaUnaVez_ = true; }
+
     const std::string& NombreLog() const { return nombreLog_; }
     void NombreLog(std::string ruta) { nombreLog_ = std::move(ruta); }
     // Empty until set or until the register file is first opened, which sets
@@ -149,6 +154,8 @@ private:
 
     std::filesystem::path carpeta_;
     std::string nombreLog_;
+    bool copiaUnaVez_ = false;
+    bool copiaHecha_ = false;
     std::string nombreSaveLog_;
     std::vector<RegistroLlamada> registros_;
 };

@@ -1,5 +1,7 @@
 #include "Sesion.h"
 
+#include <algorithm>
+
 #include "core/Archivo.h"
 #include "core/ErrorFormato.h"
 #include "settings/ArchivoVariables.h"
@@ -75,6 +77,7 @@ void Sesion::LeerAjustesEstrictos() {
 }
 
 void Sesion::CargarRegistro() {
+    datos_.Registro.CopiaUnaVezPorSesion();
     datos_.Registro.CargarLog();
     registroLeido_ = true;
 }
@@ -123,6 +126,16 @@ void Sesion::GuardarRegistro() {
 
 void Sesion::Guardar() {
     GuardarRegistro();
+    GuardarAjustes();
+}
+
+void Sesion::TrasSucesos(const std::vector<SucesoMonitor>& sucesos) {
+    if (std::any_of(sucesos.begin(), sucesos.end(), PideGuardarSesion)) {
+        GuardarAjustes();
+    }
+}
+
+void Sesion::GuardarAjustes() {
     if (!ajustesGuardables_) {
         return;
     }

@@ -11,8 +11,11 @@
 //   is still unsaved. A register that could not be read is not written over
 //   by an edit or the exit.
 // - The settings file, with the ledger and the pending list in it, is written
-//   only at the normal exit (Guardar), and never when its bonos or profiles
-//   could not be read. One-shot commands write back only a ledger they changed
+//   when a call starts, when calls are recorded and when the bundles renew
+//   (TrasSucesos), and at the normal exit (Guardar); never when its bonos or
+//   profiles could not be read.
+// - The register's "bak" backup is made once a session, at its first save:
+//   it keeps the register as it was before the session. One-shot commands write back only a ledger they changed
 //   (GuardarBonoSiCambio).
 //
 // Nothing here shows anything: questions and faults go back to the caller as
@@ -21,6 +24,7 @@
 #include "DatosSesion.h"
 #include "core/Errores.h"
 #include "monitor/RegistroLog.h"
+#include "monitor/SucesoMonitor.h"
 
 #include <filesystem>
 #include <memory>
@@ -98,9 +102,11 @@ public:
     // by itself (null: the modem log alone); those recorded while the meter
     // was closed are taken at once. The register must be loaded.
     TomaSesiones::Resultado TomarSesionesDelSistema(std::shared_ptr<TomaSesiones> sesiones);
-    // A call came up and its profile was added to the pending list; it is
-    // kept in memory until the exit.
-    void PendienteAñadido() {}
+    // What a tick of the monitor brought: when a call came up (its pending
+    // record), calls were recorded or the bundles renewed, the settings file
+    // with the ledger and the pending list is written at once, so a crash
+    // loses neither. The register itself is written by LlamadasAnotadas.
+    void TrasSucesos(const std::vector<SucesoMonitor>& sucesos);
     // The archive tools changed the register: written at once.
     void RegistroCambiado();
     // Every call priced again with the current tariffs, ledger and holidays;
@@ -120,16 +126,18 @@ private:
     // The monitor's register, saved by the session's rule.
     class RegistroSesion final : public RegistroLog {
     public:
-        explicit RegistroSesion(Sesion& sesion)
+        // The register's Sesion (a session in the modem log) hides the class.
+        explicit RegistroSesion(vorimesk::Sesion& sesion)
             : RegistroLog(sesion.datos_.Registro), sesion_(sesion) {}
         void SalvarLog() override { sesion_.LlamadasAnotadas(); }
 
     private:
-        Sesion& sesion_;
+        vorimesk::Sesion& sesion_;
     };
 
     std::filesystem::path RutaAjustes() const;
     void GuardarRegistro();
+    void GuardarAjustes();
     void CargarListas();
 
     DatosSesion datos_;

@@ -9,7 +9,9 @@
 #include "TabResumen.h"
 #include "fMain.h"
 #include "fMini.h"
+#include "core/Errores.h"
 #include "monitor/PerfilEntrada.h"
+#include "platform/LecturaFuente.h"
 
 #include <QAction>
 #include <QStatusBar>
@@ -23,10 +25,8 @@ void fMain::TickHora() {
 }
 
 void fMain::TickEstado() {
-    FuenteConexiones& fuente = *entorno_.plataforma.conexiones;
-    fuente.Actualizar();
-    MonitorConexion::Sucesos sucesos = monitor_.TickEstado(
-        {fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()});
+    MonitorConexion::Sucesos sucesos =
+        monitor_.TickEstado(LeerFuente(*entorno_.plataforma.conexiones));
     for (SucesoMonitor& s : monitor_.TickActual()) {
         sucesos.push_back(std::move(s));
     }
@@ -44,7 +44,6 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             MostrarMini();
             break;
         case SucesoMonitor::Tipo::LlamadaIniciada:
-            sesion_.PendienteAñadido();
             // A demonstration shows every window a call can have.
             if (entorno_.demostracion) {
                 MostrarMini();
@@ -64,8 +63,8 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             MostrarBono();
             break;
         case SucesoMonitor::Tipo::LogSinCerrar:
-            statusBar()->showMessage("El registro del modem no se cerro: sus llamadas se leeran "
-                                     "con las de la proxima conexion.");
+        case SucesoMonitor::Tipo::SinRegistroSistema:
+            statusBar()->showMessage(QString::fromStdString(s.texto));
             break;
         case SucesoMonitor::Tipo::ErrorRegistro:
             // Not modal: the timers go on while the user reads it.
@@ -77,6 +76,14 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             // the monitor's values below.
             break;
         }
+    }
+    // What a crash must not lose goes to disk at once; a failure is told
+    // without stopping the meter.
+    try {
+        sesion_.TrasSucesos(sucesos);
+    } catch (const Error& e) {
+        statusBar()->showMessage(QString::fromStdString(e.what()));
+        std::cerr << "Vorimesk: " << e.what() << "\n";
     }
     MostrarPantalla();
 }

@@ -25,12 +25,37 @@ bool RegistroFalso::AñadirLog(cBono&, const std::vector<Fecha>& festivos, colCo
     if (!existeLog || !completo) {
         return false;
     }
+    for (int i = 0; i < porAnotar; ++i) {
+        const bool conPendiente = i < pendientes.Count();
+        const Fecha inicio = inicioLog      ? *inicioLog
+                             : conPendiente ? pendientes.Item(i + 1).fecha()
+                                            : kSinSesion;
+        anotadas.push_back({inicio, conPendiente ? pendientes.Item(i + 1).Conexion() : ""});
+    }
     llamadas += porAnotar;
     existeLog = false;
     while (pendientes.Count() != 0) {
         pendientes.Remove(1);
     }
     return true;
+}
+
+LlamadaAnotada RegistroFalso::Anotada(int indice) const {
+    return anotadas.at(static_cast<std::size_t>(indice));
+}
+
+SesionEnLog RegistroFalso::Sesion(Fecha) const {
+    return sesionEnLog;
+}
+
+int RegistroFalso::AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog,
+                               cBono&, const std::vector<Fecha>& festivos) {
+    EXPECT_EQ(rutaLog.parent_path().filename(), ArchivoLlamadasVistas::kCarpeta);
+    festivosVistos = festivos;
+    vistasAnotadas.push_back(vista);
+    anotadas.push_back({vista.Inicio, vista.Entrada});
+    ++llamadas;
+    return 1;
 }
 
 Fecha RegistroFalso::DateConexion() const {
@@ -48,7 +73,9 @@ void BancoMonitor::SetUp() {
 }
 
 MonitorConexion::Sucesos BancoMonitor::Tick(int estado, const std::string& entrada) {
-    return monitor->Tick({estado == LecturaConexion::kNada ? 0 : 1, estado, entrada});
+    LecturaConexion l{estado == LecturaConexion::kNada ? 0 : 1, estado, entrada};
+    l.Sesion = sesion;
+    return monitor->Tick(l);
 }
 
 MonitorConexion::Sucesos BancoMonitor::Ticks(int n, int estado, const std::string& entrada) {
@@ -62,10 +89,10 @@ MonitorConexion::Sucesos BancoMonitor::Ticks(int n, int estado, const std::strin
 }
 
 std::string BancoMonitor::Resumen(const MonitorConexion::Sucesos& s) {
-    const char* nombres[] = {"iniciada", "terminada", "sonar",     "programa", "mini",
-                             "anotadas", "rellenar",  "sinCerrar", "error",    "renovado"};
+    const char* nombres[] = {"iniciada", "terminada", "sonar", "programa", "mini",  "anotadas",
+                             "rellenar", "sinCerrar", "error", "renovado", "sinLog"};
     std::string r;
-    for (int tipo = 0; tipo < 10; ++tipo) {
+    for (int tipo = 0; tipo < 11; ++tipo) {
         const auto n = std::count_if(s.begin(), s.end(), [&](const SucesoMonitor& x) {
             return static_cast<int>(x.tipo) == tipo;
         });

@@ -8,6 +8,7 @@
 #include "monitor/MonitorConexion.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ public:
     Fecha DateConexion() const override;
     int Count() const override { return llamadas; }
     void SalvarLog() override { ++guardados; }
+    LlamadaAnotada Anotada(int indice) const override;
+    SesionEnLog Sesion(Fecha inicio) const override;
+    int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono&,
+                    const std::vector<Fecha>& festivos) override;
 
     // Una sesion terminada de `n` llamadas entra en el log.
     void LogCompleto(int n = 1) {
@@ -57,6 +62,13 @@ public:
     mutable int consultasFecha = 0;
     std::vector<Fecha> festivosVistos;
     int pendientesVistos = 0;
+    // Cada llamada del registro: las del log empiezan en la fecha de la
+    // conexion pendiente que el lector encontro (o en `inicioLog`), las
+    // propias del contador en la suya.
+    std::vector<LlamadaAnotada> anotadas;
+    std::optional<Fecha> inicioLog;
+    std::vector<LlamadaVista> vistasAnotadas;
+    SesionEnLog sesionEnLog = SesionEnLog::Ausente;
 };
 
 class LineaFalsa : public LineaMonitor {
@@ -80,6 +92,8 @@ protected:
     static std::string Resumen(const MonitorConexion::Sucesos& s);
     static std::vector<MotivoAviso> Sonidos(const MonitorConexion::Sucesos& s);
 
+    // La sesion del enlace que dan los ticks; vacia, la fuente no la sabe.
+    std::string sesion;
     RelojFijo reloj{Miercoles()};
     Settings ajustes;
     cBono bono{reloj};

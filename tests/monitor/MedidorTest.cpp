@@ -80,6 +80,26 @@ TEST_F(Medidor, ColorYTextoDeLaBanda) {
     EXPECT_EQ(P().ColorTiempo, kColorNegro);
 }
 
+// La banda y el BonoNet que se ven son los del momento tasado (ahora), no
+// los del inicio: a las 18:00:00 la llamada de las 17:59 pasa a "Reducida" y
+// el bono de dia deja de valer.
+TEST_F(Medidor, LaBandaYElBonoSonLosDeAhoraNoLosDelInicio) {
+    ajustes.ColorSegunTarifa = true;
+    ajustes.EntradasConexion = {{"Casa", "Metropolitana", "BonoNet"}};
+    bono.DarAlta(0, Fecha::Crear(2024, 3, 1)); // solo bono de dia
+    reloj.Poner(Miercoles(17, 59, 58));
+    Empezar();
+    Ticks(1, kConectado);
+    EXPECT_EQ(std::tuple(P().Tarifa, P().ColorTiempo, P().Bono),
+              std::tuple("Normal", kColorBandaNormal, "BonoNet"));
+    Ticks(1, kConectado);
+    EXPECT_EQ(P().HoraAhora, "18:00:00");
+    EXPECT_EQ(std::tuple(P().Tarifa, P().ColorTiempo, P().Bono),
+              std::tuple("Reducida", kColorBandaReducida, ""));
+    EXPECT_EQ(P().PuntaBandeja.find("BonoNet"), std::string::npos);
+    EXPECT_NE(P().PuntaBandeja.find("Reducida"), std::string::npos);
+}
+
 TEST_F(Medidor, UnaTarifaQueElLibroNoTieneLoDiceYSigueContandoElTiempo) {
     ajustes.EntradasConexion = {{"Casa", "Cara", "Ninguno"}};
     Empezar();

@@ -44,6 +44,25 @@ protected:
         return Json({"calcular", "--inicio", inicio, "--fin", fin, "--json"})["importe"];
     }
     static std::string Guion() { return (Fuentes() / "data/guiones/dos-llamadas.guion").string(); }
+    // vigilar como programa aparte, con su salida en un archivo.
+    fs::path LanzarAparte(const std::string& guion) {
+        const fs::path salida = dir / "salida.txt";
+        fs::remove(salida);
+        const std::string datosTexto = datos.string();
+        std::vector<const char*> argv = {VORIMESK_CLI, "--datos",   datosTexto.c_str(),
+                                         "vigilar",    "--simular", guion.c_str(),
+                                         nullptr};
+        posix_spawn_file_actions_t acciones;
+        posix_spawn_file_actions_init(&acciones);
+        posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(), O_WRONLY | O_CREAT, 0600);
+        EXPECT_EQ(posix_spawn(&pid_, VORIMESK_CLI, &acciones, nullptr,
+                              const_cast<char* const*>(argv.data()), environ),
+                  0);
+        posix_spawn_file_actions_destroy(&acciones);
+        return salida;
+    }
+    void Parar(int senal);
+    pid_t pid_ = 0;
 };
 
 TEST_F(Vigilar, DosLlamadasDelGuionQuedanTasadasEnElRegistro) {
@@ -104,6 +123,57 @@ TEST_F(Vigilar, ParadoEnMitadDeUnaLlamadaGuardaLaConexionPendiente) {
                            "\"Metropolitana\""),
               std::string::npos)
         << ajustes;
+}
+
+// La franja y el BonoNet que se ven son los de ahora: una llamada de las
+// 17:59 se ve "Reducida" desde las 18:00:00 en punto.
+// The status line is a terminal's: script(1) gives vigilar one.
+TEST_F(Vigilar, LaFranjaCambiaALas18EnPunto) {
+    if (std::system("command -v script >/dev/null 2>&1") != 0) {
+        GTEST_SKIP() << "falta script(1) para darle un terminal a vigilar";
+    }
+    Escribir(dir / "tarde.guion", "llamada Casa conectado=90\n");
+    const std::string orden = std::string("script -qec \"") + VORIMESK_CLI + " --datos '" +
+                              datos.string() + "' vigilar --simular '" +
+                              (dir / "tarde.guion").string() +
+                              "' --velocidad 1000 --inicio '2024-03-06 17:59:00' --segundos 100\"" +
+                              " /dev/null";
+    std::string salida;
+    if (FILE* f = ::popen(orden.c_str(), "r")) {
+        char buf[4096];
+        for (size_t n; (n = std::fread(buf, 1, sizeof buf, f)) > 0;) {
+            salida.append(buf, n);
+        }
+        ASSERT_EQ(::pclose(f), 0) << salida;
+    }
+    for (const char* linea : {"17:59:59 | Conectado | Conexion: Casa | Duracion: 00:00:59",
+                              "18:00:00 | Conectado | Conexion: Casa | Duracion: 00:01:00",
+                              "18:00:29 | Conectado | Conexion: Casa | Duracion: 00:01:29"}) {
+        const auto i = salida.find(linea);
+        ASSERT_NE(i, std::string::npos) << linea;
+        const std::string franja = salida.substr(salida.find("Franja: ", i) + 8, 6);
+        EXPECT_EQ(franja, linea[1] == '7' ? "Normal" : "Reduci") << linea;
+    }
+    // And after the call the line is idle again: another call can be dialled.
+    EXPECT_NE(salida.find("18:00:32 | Sin conexion"), std::string::npos);
+}
+
+// Lo que un cierre brusco no debe perder: la conexion pendiente se guarda al
+// empezar la llamada, y "RegDat.bak" guarda el registro de antes de la
+// sesion, no el de la ultima llamada.
+TEST_F(Vigilar, CadaLlamadaSeGuardaEnElActoYElBakEsElDeAntesDeLaSesion) {
+    ASSERT_EQ(Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000", "--inicio",
+                        "2024-03-06 10:00:00", "--segundos", "260"})
+                  .estado,
+              0);
+    const std::string antes = Leer(datos / "RegDat.log");
+    ASSERT_EQ(antes.size(), 2u * 85u);
+    ASSERT_EQ(Ejecutar({"vigilar", "--simular", Guion(), "--velocidad", "1000", "--inicio",
+                        "2024-03-07 10:00:00", "--segundos", "260"})
+                  .estado,
+              0);
+    EXPECT_EQ(Leer(datos / "RegDat.log").size(), 4u * 85u);
+    EXPECT_EQ(Leer(datos / "RegDat.bak"), antes);
 }
 
 TEST_F(Vigilar, SoloUnoPorCarpetaDeDatos) {
@@ -270,6 +340,53 @@ TEST_F(Vigilar, SigtermParaLimpiamente) {
     EXPECT_EQ(Leer(salida).find(" | "), std::string::npos) << "solo sucesos: " << Leer(salida);
     EXPECT_TRUE(Existe(datos / "Varibles.Dat"));
     EXPECT_FALSE(fs::exists(datos / EstadoContador::kNombreArchivo));
+}
+
+// SIGHUP (the terminal closed) and SIGINT stop it as SIGTERM does, saving
+// register and settings, with status 0.
+TEST_F(Vigilar, SighupYSigintParanLimpiamente) {
+    for (const int senal : {SIGHUP, SIGINT}) {
+        SCOPED_TRACE(senal);
+        fs::remove(datos / "Varibles.Dat");
+        Parar(senal);
+    }
+}
+
+// A kill -9 mid-call: the pending connection was saved already and the
+// meter's own note of the call is still in "LlamadasVistas".
+TEST_F(Vigilar, UnKill9EnMitadDeLlamadaNoPierdeSuPendiente) {
+    Escribir(dir / "larga.guion", "llamada Casa conectado=100000\n");
+    const fs::path salida = LanzarAparte((dir / "larga.guion").string());
+    for (int i = 0; i < 200 && Leer(salida).find("Llamada iniciada") == std::string::npos; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    ASSERT_NE(Leer(salida).find("Llamada iniciada"), std::string::npos) << Leer(salida);
+    ::kill(pid_, SIGKILL);
+    ::waitpid(pid_, nullptr, 0);
+    EXPECT_NE(Leer(datos / "Varibles.Dat").find("\"Casa\"\r\n\"Ninguno\"\r\n#"), std::string::npos)
+        << Leer(datos / "Varibles.Dat");
+    int notas = 0;
+    for (const auto& f : fs::directory_iterator(datos / "LlamadasVistas")) {
+        notas += f.path().extension() == ".vista";
+    }
+    EXPECT_EQ(notas, 1);
+}
+
+void Vigilar::Parar(int senal) {
+    const fs::path salida = LanzarAparte(Guion());
+    const pid_t pid = pid_;
+    // Waits until it watches (its first event line).
+    for (int i = 0; i < 200 && Leer(salida).find("Estado: ") == std::string::npos; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    ASSERT_NE(Leer(salida).find("Estado: "), std::string::npos) << Leer(salida);
+    ::kill(pid, senal);
+    int estado = 0;
+    ASSERT_EQ(::waitpid(pid, &estado, 0), pid);
+    ASSERT_TRUE(WIFEXITED(estado)) << Leer(salida);
+    EXPECT_EQ(WEXITSTATUS(estado), 0);
+    EXPECT_NE(Leer(salida).find("Registro y ajustes guardados."), std::string::npos);
+    EXPECT_TRUE(Existe(datos / "Varibles.Dat"));
 }
 
 // Quien encuentra la carpeta tomada sabe por quien, y puede pedirle que se

@@ -14,7 +14,7 @@ namespace {
 class SistemaFalso : public prueba::CarpetaTemporal {
 protected:
     void SetUp() override {
-        raices = {dir / "sys", dir / "proc", dir / "run", dir / "peers"};
+        raices = {dir / "sys", dir / "proc", dir / "run", dir / "peers", dir / "marcas"};
         for (const auto& d : {raices.sys / "class" / "net", raices.proc, raices.run}) {
             fs::create_directories(d);
         }
@@ -90,7 +90,8 @@ TEST_F(FuenteLinux, UnaLlamadaCompletaPasaPorLosCuatroEstados) {
     QuitarInterfaz("ppp0");
     QuitarProceso(4242);
     EXPECT_EQ(Mirar(f), (Visto{0, 0, "casa", Trafico{153600, 20480}}));
-    EXPECT_EQ(Mirar(f), (Visto{0, 0, "casa", Trafico{153600, 20480}})) << "0 se mantiene";
+    // Then the line is idle, so the display goes back to 4 and dials again.
+    EXPECT_EQ(Mirar(f), (Visto{-1, 0, "", std::nullopt}));
 
     // The next dial clears the memory of the call; when it fails it is -1.
     Pppd(5000, "trabajo");
@@ -105,7 +106,7 @@ TEST_F(FuenteLinux, EnlaceQueBajaSinDesaparecerDaCeroConSusBytesFinales) {
     EXPECT_EQ(Mirar(f), (Visto{2, 1, "ppp0", Trafico{10, 20}}));
     Interfaz("ppp0", "0x1002", 900, 800);
     EXPECT_EQ(Mirar(f), (Visto{0, 0, "ppp0", Trafico{900, 800}}));
-    EXPECT_EQ(Mirar(f).estado, 0) << "una interfaz caida no es una llamada que empieza";
+    EXPECT_EQ(Mirar(f).estado, -1) << "una interfaz caida no es una llamada que empieza";
     Interfaz("ppp0", "0x1003", 900, 800);
     EXPECT_EQ(Mirar(f).estado, 2);
 }
@@ -120,6 +121,83 @@ TEST_F(FuenteLinux, UnPppdQueRemarcaEnSeguidaDejaVerElFinDeLaLlamada) {
     QuitarInterfaz("ppp0");
     EXPECT_EQ(Mirar(f), (Visto{0, 1, "casa", Trafico{1, 2}}));
     EXPECT_EQ(Mirar(f), (Visto{3, 1, "casa", std::nullopt}));
+}
+
+// A drop and redial between two looks, under the same interface name: the
+// kernel gave the new interface another index (and pppd may be another one),
+// so the source tells the end of one session and the start of the next.
+TEST_F(FuenteLinux, UnaInterfazRehechaEntreDosMiradasEsOtraSesion) {
+    FuenteConexionesLinux f(raices);
+    Pppd(300, "casa");
+    Interfaz("ppp0", "0x10d1", 700, 70);
+    Escribir(raices.sys / "class" / "net" / "ppp0" / "ifindex", "5\n");
+    Escribir(raices.run / "ppp0.pid", "300\n");
+    EXPECT_EQ(Mirar(f).estado, 2);
+    EXPECT_EQ(f.Sesion(), (SesionEnlace{"ppp0", 5, 300}));
+    EXPECT_EQ(f.Sesion().Identidad(), "ppp0#5#300");
+
+    // Same pppd (persist), new interface: its counters start again.
+    QuitarInterfaz("ppp0");
+    Interfaz("ppp0", "0x10d1", 10, 1);
+    Escribir(raices.sys / "class" / "net" / "ppp0" / "ifindex", "6\n");
+    EXPECT_EQ(Mirar(f), (Visto{0, 1, "casa", Trafico{700, 70}}));
+    EXPECT_EQ(f.Sesion(), (SesionEnlace{"ppp0", 5, 300})) << "el 0 nombra la sesion que acabo";
+    EXPECT_EQ(Mirar(f), (Visto{2, 1, "casa", Trafico{10, 1}}));
+    EXPECT_EQ(f.Sesion(), (SesionEnlace{"ppp0", 6, 300}));
+
+    // Same index would not be seen again, but another pppd is another session.
+    QuitarProceso(300);
+    Pppd(301, "casa");
+    Escribir(raices.run / "ppp0.pid", "301\n");
+    EXPECT_EQ(Mirar(f).estado, 0);
+    EXPECT_EQ(Mirar(f).estado, 2);
+    EXPECT_EQ(f.Sesion().pid, 301);
+}
+
+// `demand`: pppd pone la interfaz arriba al arrancar y la deja entre
+// llamadas. Solo la marca que el gancho deja en ip-up (y quita en ip-down)
+// dice que hay llamada; sin ella no hay nada, ni siquiera marcacion.
+TEST_F(FuenteLinux, ConDemandSoloLaMarcaDelGanchoEsUnaLlamada) {
+    FuenteConexionesLinux f(raices);
+    Escribir(raices.peers / "casa", "# por demanda\n/dev/ttyS0\n  demand   # marca\nidle 60\n");
+    Pppd(500, "casa");
+    Interfaz("ppp0", "0x10d1", 100, 50); // lo que paso antes de esta llamada
+    Escribir(raices.run / "ppp0.pid", "500\n");
+    EXPECT_EQ(Mirar(f), (Visto{-1, 0, "", std::nullopt})) << "en espera de trafico";
+
+    Escribir(raices.marcas / "ppp0", "500 1700000000\n");
+    Interfaz("ppp0", "0x10d1", 1100, 250);
+    EXPECT_EQ(Mirar(f), (Visto{2, 1, "casa", Trafico{0, 0}}));
+    EXPECT_EQ(f.Sesion().marca, "1700000000");
+    Interfaz("ppp0", "0x10d1", 3100, 450);
+    EXPECT_EQ(Mirar(f), (Visto{2, 1, "casa", Trafico{2000, 200}})) << "solo los de esta llamada";
+
+    // ip-down quita la marca; la interfaz sigue arriba.
+    fs::remove(raices.marcas / "ppp0");
+    EXPECT_EQ(Mirar(f), (Visto{0, 0, "casa", Trafico{2000, 200}}));
+    EXPECT_EQ(Mirar(f).estado, -1);
+
+    // Otra llamada entre dos miradas: otra marca, otra sesion.
+    Escribir(raices.marcas / "ppp0", "500 1700000100\n");
+    EXPECT_EQ(Mirar(f).estado, 2);
+    Escribir(raices.marcas / "ppp0", "500 1700000200\n");
+    EXPECT_EQ(Mirar(f).estado, 0);
+    EXPECT_EQ(Mirar(f).estado, 2);
+    // Una marca de otro pppd no vale para este.
+    Escribir(raices.marcas / "ppp0", "499 1700000300\n");
+    EXPECT_EQ(Mirar(f).estado, 0);
+    EXPECT_EQ(Mirar(f).estado, -1);
+
+    // "demand" en la linea de ordenes tambien cuenta; sin demand, la interfaz
+    // arriba basta, con gancho o sin el.
+    Proceso(600, "pppd", {"/usr/sbin/pppd", "call", "otra", "demand"});
+    Interfaz("ppp1", "0x10d1", 0, 0);
+    Escribir(raices.run / "ppp1.pid", "600\n");
+    EXPECT_EQ(Mirar(f).estado, -1);
+    Pppd(700, "trabajo");
+    Interfaz("ppp2", "0x10d1", 0, 0);
+    Escribir(raices.run / "ppp2.pid", "700\n");
+    EXPECT_EQ(Mirar(f).entrada, "trabajo");
 }
 
 TEST_F(FuenteLinux, LaLlamadaVigiladaSigueDelanteYSuCaidaSeVeAunqueHayaOtra) {

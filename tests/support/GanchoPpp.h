@@ -53,6 +53,11 @@ inline void InstalarGancho(const std::filesystem::path& carpeta,
     const auto donde = texto.find(linea);
     ASSERT_NE(donde, std::string::npos) << "el gancho ya no fija su diario en una linea";
     texto.replace(donde, linea.size(), "\nDIARIO=" + diario.string() + "\n");
+    // The link marks go to the test folder, never to the real /run.
+    const std::string marcas = "\nMARCAS=/run/vorimesk/enlaces\n";
+    const auto dondeMarcas = texto.find(marcas);
+    ASSERT_NE(dondeMarcas, std::string::npos) << "el gancho ya no fija sus marcas en una linea";
+    texto.replace(dondeMarcas, marcas.size(), "\nMARCAS=" + (carpeta / "marcas").string() + "\n");
     for (const char* fase : {"ip-up", "ip-down"}) {
         EscribirEjecutable(carpeta / (std::string(fase) + ".d") / "vorimesk", texto);
         EscribirEjecutable(carpeta / fase, EnvolturaDebian(carpeta, fase));
@@ -61,6 +66,7 @@ inline void InstalarGancho(const std::filesystem::path& carpeta,
 
 inline pid_t LanzarGancho(const std::filesystem::path& script, const std::vector<std::string>& args,
                           std::vector<std::string> entorno) {
+    entorno.push_back("PATH=/usr/sbin:/usr/bin:/sbin:/bin");
     if (const char* tz = std::getenv("TZ")) {
         entorno.push_back(std::string("TZ=") + tz);
     }

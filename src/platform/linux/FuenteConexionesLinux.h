@@ -2,11 +2,17 @@
 // Connection states from pppd and its interfaces:
 //   2  a ppp interface is up (the link of the call being watched first);
 //   3  a pppd runs with no interface up yet (dialling, negotiating);
-//   0  the interface of the watched call went down or away; kept while
-//      nothing else happens and reported once even when pppd redials at
-//      once, so the monitor always sees the call end;
-//  -1  nothing, and no call has ended since the last link started (a dial
-//      that failed falls from 3 straight to -1).
+//   0  the link of the watched call went down or away, given on the one look
+//      that finds it gone, also when pppd redials at once, so the monitor
+//      always sees the call end;
+//  -1  nothing (a dial that failed falls from 3 straight to -1, and an
+//      ended call from 0 to -1, so the display goes back to idle).
+// The watched link is one session: its interface name, ifindex and pppd pid.
+// An interface that is re-created under the same name between two looks
+// (a drop and a fast redial, or `persist`) has a new ifindex, so it is a new
+// call and not the old one going on. A `demand` link is watched from the
+// hook's ip-up mark to its ip-down (see LectorPpp): a new mark is a new call
+// even on the same interface and pppd.
 
 #include "platform/FuenteConexiones.h"
 #include "platform/linux/LectorPpp.h"
@@ -22,25 +28,30 @@ public:
     int IntState() const override { return estado_; }
     std::string EntryName() const override { return entrada_; }
     std::optional<Trafico> Bytes() const override { return bytes_; }
-    std::string Interfaz() const override { return vigilada_.value_or(std::string()); }
+    std::string Interfaz() const override { return vigilada_ ? vigilada_->interfaz : std::string(); }
     OrigenEnlace Origen() const override { return OrigenEnlace::Pppd; }
+    SesionEnlace Sesion() const override { return sesion_; }
 
 private:
     void FinDeLlamada(int count);
-    void Fijar(int count, int estado, std::string entrada, std::optional<Trafico> bytes);
+    void Fijar(int count, int estado, std::string entrada, std::optional<Trafico> bytes,
+               SesionEnlace sesion = {});
+    bool EsLaVigilada(const EnlacePpp& e) const;
+    std::optional<Trafico> DesdeBase(std::optional<Trafico> bytes) const;
 
     LectorPpp lector_;
-    // Memory between looks: the interface of the call being watched, its
-    // entry and last bytes, and whether a call ended since the last link.
-    std::optional<std::string> vigilada_;
+    // Memory between looks: the session of the call being watched, its entry
+    // and last bytes.
+    std::optional<SesionEnlace> vigilada_;
     std::string entradaVigilada_;
     std::optional<Trafico> bytesVigilada_;
-    bool trasLlamada_ = false;
+    std::optional<Trafico> base_; // a demand link's counters at its mark
 
     int count_ = 0;
     int estado_ = kNada;
     std::string entrada_;
     std::optional<Trafico> bytes_;
+    SesionEnlace sesion_;
 };
 
 } // namespace vorimesk

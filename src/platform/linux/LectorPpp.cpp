@@ -95,17 +95,50 @@ std::vector<std::string> LectorPpp::InterfacesArriba() const {
 
 // The peer of a live pppd; nothing when the pid is not a pppd (a stale pid
 // file whose number now belongs to another program).
-std::optional<std::string> LectorPpp::PeerDe(int pid) const {
+std::optional<LectorPpp::Proceso> LectorPpp::PeerDe(int pid) const {
     const auto argv = LeerListaNul(raices_.proc / std::to_string(pid) / "cmdline");
     if (argv.empty() || fs::path(argv[0]).filename() != "pppd") {
         return std::nullopt;
     }
-    for (std::size_t i = 1; i + 1 < argv.size(); ++i) {
-        if (argv[i] == "call") {
-            return argv[i + 1];
+    Proceso p;
+    for (std::size_t i = 1; i < argv.size(); ++i) {
+        if (argv[i] == "call" && i + 1 < argv.size()) {
+            p.peer = argv[i + 1];
+        }
+        p.demanda = p.demanda || argv[i] == "demand";
+    }
+    p.demanda = p.demanda || PeerConDemanda(p.peer);
+    return p;
+}
+
+// An option line "demand" in the peer's file (comments and blanks aside).
+bool LectorPpp::PeerConDemanda(const std::string& peer) const {
+    if (peer.empty() || peer.find('/') != std::string::npos) {
+        return false;
+    }
+    for (std::string linea : Lineas(LeerTextoSistema(raices_.peers / peer).value_or(""))) {
+        linea.erase(std::min(linea.find('#'), linea.size()));
+        const auto inicio = linea.find_first_not_of(" \t");
+        const auto fin = linea.find_last_not_of(" \t");
+        if (inicio != std::string::npos && linea.substr(inicio, fin + 1 - inicio) == "demand") {
+            return true;
         }
     }
-    return std::string();
+    return false;
+}
+
+// The start the hook marked for this interface and pppd, when it did.
+std::optional<std::string> LectorPpp::Marca(const std::string& interfaz, int pid) const {
+    const auto texto = LeerTextoSistema(raices_.marcas / interfaz);
+    if (!texto) {
+        return std::nullopt;
+    }
+    const auto espacio = texto->find(' ');
+    const auto suyo = Pid(std::string_view(*texto).substr(0, espacio));
+    if (!suyo || *suyo != pid || espacio == std::string::npos) {
+        return std::nullopt;
+    }
+    return texto->substr(espacio + 1);
 }
 
 std::vector<LectorPpp::Pppd> LectorPpp::Procesos() const {
@@ -121,8 +154,8 @@ std::vector<LectorPpp::Pppd> LectorPpp::Procesos() const {
         if (comm && *comm != "pppd") {
             continue;
         }
-        if (const auto peer = PeerDe(*pid)) {
-            procesos.push_back({*pid, *peer, {}, {}});
+        if (const auto p = PeerDe(*pid)) {
+            procesos.push_back({*pid, p->peer, {}, {}, p->demanda});
         }
     }
     std::sort(procesos.begin(), procesos.end(),
@@ -167,16 +200,35 @@ std::vector<EnlacePpp> LectorPpp::Enlaces() const {
         const auto p = std::find_if(procesos.begin(), procesos.end(),
                                     [&](const Pppd& x) { return x.interfaz == interfaz; });
         if (p == procesos.end()) {
-            enlaces.push_back({interfaz, interfaz, 0, true});
+            enlaces.push_back({interfaz, interfaz, 0, true, Indice(interfaz)});
             continue;
         }
-        enlaces.push_back({interfaz, Entrada(p->peer, p->linkname, interfaz), p->pid, true});
+        std::string marca;
+        if (p->demanda) {
+            const auto m = Marca(interfaz, p->pid);
+            if (!m) {
+                procesos.erase(p); // demand idle: no call and no dial
+                continue;
+            }
+            marca = *m;
+        }
+        enlaces.push_back({interfaz, Entrada(p->peer, p->linkname, interfaz), p->pid, true,
+                           Indice(interfaz), marca});
         procesos.erase(p);
     }
     for (const auto& p : procesos) {
+        if (p.demanda && !p.interfaz.empty()) {
+            continue; // its interface is there but down: idle, not dialling
+        }
         enlaces.push_back({p.interfaz, Entrada(p.peer, p.linkname, ""), p.pid, false});
     }
     return enlaces;
+}
+
+long LectorPpp::Indice(const std::string& interfaz) const {
+    const auto texto = LeerTextoSistema(raices_.sys / "class" / "net" / interfaz / "ifindex");
+    const auto n = Contador(texto);
+    return n ? static_cast<long>(*n) : 0;
 }
 
 std::optional<Trafico> LectorPpp::Bytes(const std::string& interfaz) const {

@@ -10,6 +10,9 @@ struct RaicesLinux {
     std::filesystem::path proc = "/proc";
     std::filesystem::path run = "/run";
     std::filesystem::path peers = "/etc/ppp/peers";
+    // Where the pppd hook marks the links whose ip-up has run (one file per
+    // interface holding "PPPD_PID START"); it removes the mark at ip-down.
+    std::filesystem::path marcas = "/run/vorimesk/enlaces";
 };
 
 } // namespace vorimesk

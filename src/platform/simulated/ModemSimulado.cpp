@@ -59,6 +59,7 @@ void ModemSimulado::Avanzar(Fecha ahora) {
             Anexar(BloqueBajada(fin, p.trafico));
             entradaUltima_ = p.entrada;
             traficoUltimo_ = p.trafico;
+            sesionUltima_ = {p.interfaz, static_cast<long>(paso_) + 1, 0};
         }
         if (p.tipo != PasoGuion::Tipo::Espera) {
             trasLlamada_ = llamada;
@@ -77,12 +78,18 @@ void ModemSimulado::Actualizar() {
         entrada_ = pasos_[paso_].entrada;
         estado_ = subido_ ? kConectado : kConectando;
         bytes_ = subido_ ? std::optional<Trafico>(TraficoHasta(ahora)) : std::nullopt;
+        // Every step is a session of its own, as a re-created interface is.
+        sesion_ = subido_ ? SesionEnlace{pasos_[paso_].interfaz, static_cast<long>(paso_) + 1, 0}
+                          : SesionEnlace{};
         return;
     }
+    // The end of a call is told on one look, then the line is idle.
     count_ = 0;
     estado_ = trasLlamada_ ? kDesconectado : kNada;
     entrada_ = trasLlamada_ ? entradaUltima_ : std::string();
     bytes_ = trasLlamada_ ? std::optional<Trafico>(traficoUltimo_) : std::nullopt;
+    sesion_ = trasLlamada_ ? sesionUltima_ : SesionEnlace{};
+    trasLlamada_ = false;
 }
 
 void ModemSimulado::Marcar(const std::string& entrada) {

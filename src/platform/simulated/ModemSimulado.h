@@ -2,9 +2,9 @@
 // A modem that follows a script (Guion) instead of the telephone line, for
 // tests and demonstrations. Time comes from the injected clock, so moving the
 // clock plays the script. It reports the codes of the Linux backend in the
-// same order (-1, 3 while dialling, 2 while up, 0 after the call, -1 after a
-// failed dial) and writes the modem log of its sessions itself, each block
-// stamped with the moment it belongs to even when the clock jumps.
+// same order (-1, 3 while dialling, 2 while up, 0 on the look after the call
+// and -1 from then on, -1 after a failed dial) and writes the session log the pppd hook would
+// write, each block stamped with the moment it belongs to even when the clock jumps.
 
 #include "core/Reloj.h"
 #include "platform/FuenteConexiones.h"
@@ -32,6 +32,7 @@ public:
     int IntState() const override { return estado_; }
     std::string EntryName() const override { return entrada_; }
     std::optional<Trafico> Bytes() const override { return bytes_; }
+    SesionEnlace Sesion() const override { return sesion_; }
 
     // The script decides when calls happen: a dial is only noted.
     void Marcar(const std::string& entrada) override;
@@ -65,11 +66,13 @@ private:
     bool trasLlamada_ = false;
     std::string entradaUltima_;
     Trafico traficoUltimo_;
+    SesionEnlace sesionUltima_;
 
     int count_ = 0;
     int estado_ = kNada;
     std::string entrada_;
     std::optional<Trafico> bytes_;
+    SesionEnlace sesion_;
 };
 
 } // namespace vorimesk
