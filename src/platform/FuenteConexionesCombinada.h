@@ -23,6 +23,7 @@ public:
     std::optional<Trafico> Bytes() const override { return lider_->Bytes(); }
     std::string Interfaz() const override { return lider_->Interfaz(); }
     OrigenEnlace Origen() const override { return lider_->Origen(); }
+    SesionEnlace Sesion() const override { return lider_->Sesion(); }
     std::string Aviso() const override;
 
 private:

@@ -15,8 +15,8 @@
 //   (TrasSucesos), and at the normal exit (Guardar); never when its bonos or
 //   profiles could not be read.
 // - The register's "bak" backup is made once a session, at its first save:
-//   it keeps the register as it was before the session. One-shot commands write back only a ledger they changed
-//   (GuardarBonoSiCambio).
+//   it keeps the register as it was before the session. One-shot commands write back only a ledger
+//   they changed (GuardarBonoSiCambio).
 //
 // Nothing here shows anything: questions and faults go back to the caller as
 // results or as Error with a Spanish text.

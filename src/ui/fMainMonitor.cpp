@@ -7,9 +7,9 @@
 #include "SonidoAviso.h"
 #include "TabBono.h"
 #include "TabResumen.h"
+#include "core/Errores.h"
 #include "fMain.h"
 #include "fMini.h"
-#include "core/Errores.h"
 #include "monitor/PerfilEntrada.h"
 #include "platform/LecturaFuente.h"
 

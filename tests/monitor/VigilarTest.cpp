@@ -133,11 +133,10 @@ TEST_F(Vigilar, LaFranjaCambiaALas18EnPunto) {
         GTEST_SKIP() << "falta script(1) para darle un terminal a vigilar";
     }
     Escribir(dir / "tarde.guion", "llamada Casa conectado=90\n");
-    const std::string orden = std::string("script -qec \"") + VORIMESK_CLI + " --datos '" +
-                              datos.string() + "' vigilar --simular '" +
-                              (dir / "tarde.guion").string() +
-                              "' --velocidad 1000 --inicio '2024-03-06 17:59:00' --segundos 100\"" +
-                              " /dev/null";
+    const std::string orden =
+        std::string("script -qec \"") + VORIMESK_CLI + " --datos '" + datos.string() +
+        "' vigilar --simular '" + (dir / "tarde.guion").string() +
+        "' --velocidad 1000 --inicio '2024-03-06 17:59:00' --segundos 100\"" + " /dev/null";
     std::string salida;
     if (FILE* f = ::popen(orden.c_str(), "r")) {
         char buf[4096];
@@ -214,11 +213,13 @@ TEST_F(Vigilar, JsonUnSucesoPorLinea) {
         const std::string c = j["suceso"];
         clases += (c == "estado" ? "estado:" + j["texto"].get<std::string>() : c) + " ";
     }
+    // After each call the line is idle again (0, then -1) before the next dial.
     EXPECT_EQ(clases, "vigilando estado:Sin conexion estado:Conectando estado:Conectado "
                       "llamada_iniciada aviso estado:Desconectado llamada_terminada "
-                      "llamada_anotada estado:Conectando estado:Sin conexion "
+                      "llamada_anotada estado:Sin conexion estado:Conectando estado:Sin conexion "
                       "estado:Conectando estado:Conectado llamada_iniciada aviso "
-                      "estado:Desconectado llamada_terminada llamada_anotada terminado ")
+                      "estado:Desconectado llamada_terminada llamada_anotada "
+                      "estado:Sin conexion terminado ")
         << r.salida;
 
     const auto primero = [&](const std::string& clase) {

@@ -30,8 +30,16 @@ if [ "${1:-}" = --dentro ]; then
     cp /bin/dash "$T/bin/pppd"
     case $ESC in
         sin-gancho) ;;
-        *) cp "$GANCHO" "$ETC/ip-up.d/vorimesk"; cp "$GANCHO" "$ETC/ip-down.d/vorimesk" ;;
+        *)
+            # The scenario's own journal, never the machine's.
+            sed "s|^DIARIO=/var/lib/vorimesk/sesiones\$|DIARIO=$T/sesiones|" "$GANCHO" \
+                >"$ETC/ip-up.d/vorimesk"
+            grep -q "^DIARIO=$T/sesiones\$" "$ETC/ip-up.d/vorimesk" || exit 3
+            chmod 0755 "$ETC/ip-up.d/vorimesk"
+            cp "$ETC/ip-up.d/vorimesk" "$ETC/ip-down.d/vorimesk"
+            ;;
     esac
+    mkdir -m 0750 "$T/sesiones"
     if [ "$ESC" = ip-up-local ]; then
         printf '#!/bin/sh\nexit 0\n' >"$ETC/ip-up.local"
         cp "$ETC/ip-up.local" "$ETC/ip-down.local"
@@ -95,6 +103,7 @@ FIN
     CONTADOR=
     contador() {
         VORIMESK_MODEMLOG=$LOG XDG_RUNTIME_DIR=$T VORIMESK_ESPERA_LOG=$ESPERA_LOG \
+            VORIMESK_SESIONES=$T/sesiones \
             "$CLI" --datos "$T/datos" vigilar >>"$T/salida.txt" 2>>"$T/errores.txt" &
         CONTADOR=$!
     }
