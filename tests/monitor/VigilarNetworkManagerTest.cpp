@@ -6,6 +6,7 @@
 #include "BusSimulado.h"
 #include "CarpetaCli.h"
 #include "Ordenes.h"
+#include "register/Log.h"
 #include "settings/ArchivoVariables.h"
 
 #include <sstream>
@@ -24,6 +25,10 @@ protected:
         }
         ::setenv("XDG_RUNTIME_DIR", dir.c_str(), 1);
         ::setenv("VORIMESK_MODEMLOG", (dir / "modemlog.txt").c_str(), 1);
+        // No pppd journal covers a NetworkManager link here: the meter's own
+        // record becomes the call once the short wait is over.
+        ::setenv("VORIMESK_SESIONES", (dir / "sin-diario").c_str(), 1);
+        ::setenv("VORIMESK_ESPERA_LOG", "1", 1);
         std::filesystem::create_directories(datos);
         Settings ajustes;
         ajustes.EntradasConexion = {{"Movistar 3G", "Provincial", "Ninguno"}};
@@ -51,7 +56,7 @@ TEST_F(VigilarNetworkManager, UnaLlamadaDeBandaAnchaMovilConLaTarifaDeSuEntrada)
     const std::string conexion = AñadirConexion("Movistar 3G", "gsm", "uuid-movistar");
     const std::string modem = AñadirModem("wwan0", "wwan0", {sdbus::ObjectPath(conexion)});
     prueba::ResultadoCli r;
-    std::thread contador([&] { r = Vigilar("5"); });
+    std::thread contador([&] { r = Vigilar("7"); });
     // Ticks at 0, 1, ... 5 s: the link is up from 1.5 s to 3.5 s.
     std::this_thread::sleep_for(1500ms);
     const std::string activa = Activar(conexion, modem);
@@ -79,6 +84,13 @@ TEST_F(VigilarNetworkManager, UnaLlamadaDeBandaAnchaMovilConLaTarifaDeSuEntrada)
     };
     EXPECT_EQ(veces("Llamada iniciada"), 1);
     EXPECT_EQ(veces("Llamada terminada"), 1);
+
+    // In the register exactly once, with its entry's tariff.
+    Log log(datos);
+    log.CargarLog();
+    ASSERT_EQ(log.Count(), 1) << r.salida;
+    EXPECT_EQ(log.Registro(0).Conexion.Recortado(), "Movistar 3G");
+    EXPECT_EQ(log.Registro(0).Tarifa.Recortado(), "Provincial");
 }
 
 TEST_F(VigilarNetworkManager, LaAyudaDiceDeDondeVienenLasConexiones) {
