@@ -31,6 +31,8 @@ fs::path Fuentes() {
     return f ? fs::path(f) : fs::path(VORIMESK_FUENTES_COMPILADAS);
 }
 
+pid_t Lanzar(const fs::path& datos, const std::string& guion, const fs::path& salida);
+
 class Vigilar : public CarpetaCli {
 protected:
     void SetUp() override {
@@ -48,17 +50,8 @@ protected:
     fs::path LanzarAparte(const std::string& guion) {
         const fs::path salida = dir / "salida.txt";
         fs::remove(salida);
-        const std::string datosTexto = datos.string();
-        std::vector<const char*> argv = {VORIMESK_CLI, "--datos",   datosTexto.c_str(),
-                                         "vigilar",    "--simular", guion.c_str(),
-                                         nullptr};
-        posix_spawn_file_actions_t acciones;
-        posix_spawn_file_actions_init(&acciones);
-        posix_spawn_file_actions_addopen(&acciones, 1, salida.c_str(), O_WRONLY | O_CREAT, 0600);
-        EXPECT_EQ(posix_spawn(&pid_, VORIMESK_CLI, &acciones, nullptr,
-                              const_cast<char* const*>(argv.data()), environ),
-                  0);
-        posix_spawn_file_actions_destroy(&acciones);
+        pid_ = Lanzar(datos, guion, salida);
+        EXPECT_GT(pid_, 0);
         return salida;
     }
     void Parar(int senal);
