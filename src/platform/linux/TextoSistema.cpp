@@ -13,11 +13,17 @@ std::optional<std::string> LeerTodo(const fs::path& ruta) {
     if (!f) {
         return std::nullopt;
     }
-    std::string texto((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
-    if (f.bad()) {
+    // A process can end between the open and the read of its /proc files:
+    // the read then fails (ESRCH), which the stream buffer throws.
+    try {
+        std::string texto((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
+        if (f.bad()) {
+            return std::nullopt;
+        }
+        return texto;
+    } catch (const std::ios_base::failure&) {
         return std::nullopt;
     }
-    return texto;
 }
 
 } // namespace
