@@ -17,7 +17,6 @@
 #include "TabTarifas.h"
 #include "VigiaPresupuesto.h"
 #include "core/Archivo.h"
-#include "fComparar.h"
 #include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
@@ -118,15 +117,7 @@ void fMain::Construir() {
     });
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
     connect(tabRegistro, &TabRegistro::PedirFiltro, this, [this] { AbrirFiltro(); });
-    connect(tabRegistro, &TabRegistro::PedirComparacion, this, Protegido(this, [this] {
-                auto* comparar = new fComparar(fComparar::FuenteDe(datos_, listado_), this);
-                comparar->setAttribute(Qt::WA_DeleteOnClose);
-                comparar->show();
-            }));
-    presupuesto_ = new VigiaPresupuesto(
-        datos_, *sonido_, tabResumen->Prevision(), [this] { return bandeja_; }, this);
-    connect(presupuesto_, &VigiaPresupuesto::AvisoPresupuesto, this,
-            [this](const QString& texto) { statusBar()->showMessage(texto); });
+    ConstruirPrevision();
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { sesion_.CalcularPeriodo(); }));
 

@@ -127,6 +127,7 @@ private:
     void Construir();
     void ConstruirBarra();
     void ConstruirMenuBandeja();
+    void ConstruirPrevision();
     void PonerBandeja();
     void HacerArrastrable();
     void AbrirImprimir();
