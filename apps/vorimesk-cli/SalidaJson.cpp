@@ -61,6 +61,9 @@ void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
     case SucesoMonitor::Tipo::LogSinCerrar:
         Escribir("log_sin_cerrar", m.ahora, {{"texto", s.texto}});
         break;
+    case SucesoMonitor::Tipo::SinRegistroSistema:
+        Escribir("sin_registro_sistema", m.ahora, {{"texto", s.texto}});
+        break;
     case SucesoMonitor::Tipo::ErrorRegistro:
         Escribir("error", m.ahora, {{"texto", s.texto}});
         break;

@@ -22,4 +22,14 @@ std::vector<std::string_view> DividirLineas(std::string_view texto) {
     return lineas;
 }
 
+std::string UnaLinea(std::string_view texto) {
+    std::string r;
+    for (const char c : texto) {
+        if (c != '\r' && c != '\n') {
+            r += c;
+        }
+    }
+    return r;
+}
+
 } // namespace vorimesk

@@ -1,20 +1,12 @@
 #include "LlamadaVista.h"
 
+#include "core/Lineas.h"
+
 #include <charconv>
 #include <map>
 
 namespace vorimesk {
 namespace {
-
-std::string UnaLinea(std::string_view texto) {
-    std::string r;
-    for (const char c : texto) {
-        if (c != '\r' && c != '\n') {
-            r += c;
-        }
-    }
-    return r;
-}
 
 template <typename Entero> std::optional<Entero> Numero(const std::string& texto) {
     Entero n{};

@@ -2,6 +2,7 @@
 
 #include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
+#include "core/Lineas.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -13,17 +14,6 @@ namespace fs = std::filesystem;
 
 namespace vorimesk {
 namespace {
-
-// A name must not break its line in two.
-std::string UnaLinea(std::string_view texto) {
-    std::string r;
-    for (const char c : texto) {
-        if (c != '\r' && c != '\n') {
-            r += c;
-        }
-    }
-    return r;
-}
 
 // Closes the descriptor on every way out.
 class Descriptor {

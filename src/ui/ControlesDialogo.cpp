@@ -1,6 +1,7 @@
 #include "ControlesDialogo.h"
 
 #include <QDateEdit>
+#include <QLabel>
 #include <QPushButton>
 
 namespace vorimesk {
@@ -18,6 +19,16 @@ QDateEdit* EditorFecha(const char* nombre, QWidget* padre) {
     e->setDisplayFormat("dd/MM/yyyy");
     e->setCalendarPopup(true);
     return e;
+}
+
+QLabel* CifraEnNegrita(QWidget* padre, const char* nombre) {
+    auto* l = new QLabel(padre);
+    l->setObjectName(nombre);
+    QFont negrita = l->font();
+    negrita.setBold(true);
+    l->setFont(negrita);
+    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return l;
 }
 
 } // namespace vorimesk

@@ -3,6 +3,7 @@
 // it can be found by it.
 
 class QDateEdit;
+class QLabel;
 class QPushButton;
 class QString;
 class QWidget;
@@ -14,5 +15,7 @@ namespace vorimesk {
 QPushButton* Boton(const QString& texto, const char* nombre, QWidget* padre);
 // A date as dd/MM/yyyy with a calendar to pick it from.
 QDateEdit* EditorFecha(const char* nombre, QWidget* padre);
+// A figure in bold that the user can select and copy.
+QLabel* CifraEnNegrita(QWidget* padre, const char* nombre);
 
 } // namespace vorimesk

@@ -1,20 +1,12 @@
 #include "PanelPrevision.h"
 
+#include "ControlesDialogo.h"
+
 #include <QFormLayout>
 #include <QLabel>
 
 namespace vorimesk {
 namespace {
-
-QLabel* Cifra(QWidget* padre, const char* nombre) {
-    auto* l = new QLabel(padre);
-    l->setObjectName(nombre);
-    QFont negrita = l->font();
-    negrita.setBold(true);
-    l->setFont(negrita);
-    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return l;
-}
 
 QString Cantidad(double v) {
     return QString::number(v, 'f', 2);
@@ -24,10 +16,10 @@ QString Cantidad(double v) {
 
 PanelPrevision::PanelPrevision(QWidget* padre) : QGroupBox("Prevision del periodo", padre) {
     setObjectName("PanelPrevision");
-    lGastadoPrev = Cifra(this, "lGastadoPrev");
-    lProyeccion = Cifra(this, "lProyeccion");
-    lPresupuesto = Cifra(this, "lPresupuesto");
-    lPorDia = Cifra(this, "lPorDia");
+    lGastadoPrev = CifraEnNegrita(this, "lGastadoPrev");
+    lProyeccion = CifraEnNegrita(this, "lProyeccion");
+    lPresupuesto = CifraEnNegrita(this, "lPresupuesto");
+    lPorDia = CifraEnNegrita(this, "lPorDia");
     lRegla = new QLabel(
         QString::fromUtf8(kReglaPrevision.data(), static_cast<int>(kReglaPrevision.size())), this);
     lRegla->setObjectName("lRegla");

@@ -1,5 +1,6 @@
 #include "TabResumen.h"
 
+#include "ControlesDialogo.h"
 #include "PanelPrevision.h"
 #include "core/FormatoNumero.h"
 
@@ -10,28 +11,16 @@
 #include <QVBoxLayout>
 
 namespace vorimesk {
-namespace {
-
-QLabel* Valor(QWidget* padre, const char* nombre) {
-    auto* l = new QLabel(padre);
-    l->setObjectName(nombre);
-    QFont negrita = l->font();
-    negrita.setBold(true);
-    l->setFont(negrita);
-    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return l;
-}
-
-} // namespace
+namespace {} // namespace
 
 TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
-    lPeriodo = Valor(this, "lPeriodo");
-    lTiempoPer = Valor(this, "lTiempoPer");
-    lGastoPer = Valor(this, "lGastoPer");
-    lLlamadas = Valor(this, "lLlamadas");
-    lDiasQuedanBono = Valor(this, "lDiasQuedanBono");
-    lBonoGastado = Valor(this, "lBonoGastado");
-    lBonoQueda = Valor(this, "lBonoQueda");
+    lPeriodo = CifraEnNegrita(this, "lPeriodo");
+    lTiempoPer = CifraEnNegrita(this, "lTiempoPer");
+    lGastoPer = CifraEnNegrita(this, "lGastoPer");
+    lLlamadas = CifraEnNegrita(this, "lLlamadas");
+    lDiasQuedanBono = CifraEnNegrita(this, "lDiasQuedanBono");
+    lBonoGastado = CifraEnNegrita(this, "lBonoGastado");
+    lBonoQueda = CifraEnNegrita(this, "lBonoQueda");
 
     auto* marcoPeriodo = new QGroupBox("Periodo de facturacion", this);
     auto* cifras = new QFormLayout(marcoPeriodo);
