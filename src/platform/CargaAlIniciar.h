@@ -22,6 +22,17 @@ OpcionesAlIniciar(const std::optional<std::filesystem::path>& datos) {
     return {"--datos", (ec ? *datos : absoluta).lexically_normal().string()};
 }
 
+// Only the installed program starts at login: an executable under /usr
+// (/usr/local included). A build folder's program, or one started on a
+// scripted modem, would leave the session starting something that moves
+// or goes away.
+inline bool PuedeCargarAlIniciar(const std::filesystem::path& ejecutable, bool demostracion) {
+    const std::filesystem::path ruta = ejecutable.lexically_normal();
+    auto parte = ruta.begin();
+    return !demostracion && ruta.is_absolute() && ++parte != ruta.end() && *parte == "usr" &&
+           ++parte != ruta.end();
+}
+
 class CargaAlIniciar {
 public:
     virtual ~CargaAlIniciar() = default;

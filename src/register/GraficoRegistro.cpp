@@ -4,6 +4,7 @@
 #include "core/Errores.h"
 #include "core/Numero.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -49,10 +50,10 @@ float SumaEnRango(const std::vector<DiaGrafico>& dias, DatoGrafico dato, int cla
 }
 
 std::vector<PuntoGrafico> Anual(const std::vector<DiaGrafico>& dias, DatoGrafico dato, Fecha hoy) {
-    const int primero = dias.empty() ? hoy.Año() : dias.front().dia.Año();
+    const int primero = dias.empty() ? hoy.Año() : std::min(hoy.Año(), dias.front().dia.Año());
+    const int ultimo = dias.empty() ? hoy.Año() : std::max(hoy.Año(), dias.back().dia.Año());
     std::vector<PuntoGrafico> puntos;
-    for (int p = 1; p <= 15; ++p) {
-        const int año = primero + p - 1;
+    for (int año = primero; año <= ultimo; ++año) {
         puntos.push_back(
             {std::to_string(año), SumaEnRango(dias, dato, año, [](Fecha f) { return f.Año(); })});
     }
@@ -155,6 +156,13 @@ std::vector<PuntoGrafico> PuntosGrafico(const std::vector<DiaGrafico>& dias, Vis
         return Diario(dias, dato, hoy.Año(), hoy.Mes());
     }
     return {};
+}
+
+std::string AñosDelMensual(const std::vector<DiaGrafico>& dias, Fecha hoy) {
+    if (!dias.empty() && dias.front().dia.Año() != dias.back().dia.Año()) {
+        return "todos los años";
+    }
+    return std::to_string(dias.empty() ? hoy.Año() : dias.front().dia.Año());
 }
 
 const std::string& NombreCortoMes(int mes) {

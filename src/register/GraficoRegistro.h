@@ -6,8 +6,9 @@
 // The monthly view compares month numbers only, never years: with calls over
 // several years a month point adds up that month of every year, and a month
 // outside the month numbers of the first and last day with calls is 0 even
-// when another year has calls in it. The yearly view does the same with
-// years and always has 15 points.
+// when another year has calls in it; the view's title says so
+// (AñosDelMensual). The yearly view has one point per year from the first
+// call's to the last call's, the current year always among them.
 
 #include "Log.h"
 #include "core/Fecha.h"
@@ -64,6 +65,11 @@ struct PuntoGrafico {
 std::vector<PuntoGrafico> PuntosGrafico(const std::vector<DiaGrafico>& dias, VistaGrafico vista,
                                         DatoGrafico dato,
                                         const std::optional<ElementoCombo>& eleccion, Fecha hoy);
+
+// The years the monthly view adds up, for its title: "todos los años" when
+// the calls span more than one, else that one year ("2026"; the year of
+// `hoy` for an empty register).
+std::string AñosDelMensual(const std::vector<DiaGrafico>& dias, Fecha hoy);
 
 // "ene" ... "dic", the month names of the monthly view's points.
 const std::string& NombreCortoMes(int mes);

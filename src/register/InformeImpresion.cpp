@@ -1,6 +1,7 @@
 #include "InformeImpresion.h"
 
 #include "ListadoRegistro.h"
+#include "core/FormatoNumero.h"
 #include "tariff/cLlamada.h"
 
 namespace vorimesk {
@@ -38,11 +39,11 @@ LineaInforme& LineaInforme::Texto(const std::string& texto) {
     return *this;
 }
 
-std::vector<std::string> InformeRegistro(const std::vector<FilaRegistro>& filas, Fecha desde,
-                                         Fecha hasta) {
+std::vector<std::string> InformeRegistro(const std::vector<FilaRegistro>& filas,
+                                         const std::string& rango, const Listado& totales) {
     std::vector<std::string> lineas;
     lineas.push_back("Registro de llamadas");
-    lineas.push_back("Periodo desde el " + desde.TextoCorto() + " hasta el " + hasta.TextoCorto());
+    lineas.push_back(rango);
     LineaInforme titulos;
     for (int c = 0; c < static_cast<int>(kTitulosRegistro.size()); ++c) {
         titulos.En(c * kAnchoColumna, Primeros(kTitulosRegistro[c], 10));
@@ -55,6 +56,11 @@ std::vector<std::string> InformeRegistro(const std::vector<FilaRegistro>& filas,
         }
         lineas.push_back(linea.Valor());
     }
+    lineas.push_back("");
+    lineas.push_back(
+        "Total  Llamadas: " + std::to_string(totales.NumeroLlamadas) +
+        "  Duracion: " + (totales.NumeroLlamadas == 0 ? "00:00:00" : totales.TotalTiempo.Valor()) +
+        "  Gasto: " + (totales.TotalCoste == 0 ? "0" : FormatoMiles(totales.TotalCoste)));
     return lineas;
 }
 

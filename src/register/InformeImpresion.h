@@ -19,6 +19,7 @@
 namespace vorimesk {
 
 class cLlamada;
+struct Listado;
 
 // Where the line is written from column n (counted from 1; 0 counts as 1).
 class LineaInforme {
@@ -33,10 +34,11 @@ private:
 
 using FilaRegistro = std::array<std::string, 10>;
 
-// "Registro de llamadas", the period line, the column titles at columns
-// c * 12 and one line per grid row.
-std::vector<std::string> InformeRegistro(const std::vector<FilaRegistro>& filas, Fecha desde,
-                                         Fecha hasta);
+// "Registro de llamadas", the range the rows come from (TextoRango), the
+// column titles at columns c * 12, one line per grid row and, after an empty
+// line, the listing's totals.
+std::vector<std::string> InformeRegistro(const std::vector<FilaRegistro>& filas,
+                                         const std::string& rango, const Listado& totales);
 
 // Two empty lines, "Tarifas", and each tariff of the book in book order.
 std::vector<std::string> InformeTarifas(const cLlamada& libro);

@@ -148,4 +148,22 @@ int DiasHastaFacturacion(Fecha hoy, int diaFactura) {
     return static_cast<int>(DiaDeMes(año, mes, diaFactura).Dias() - hoy.SoloFecha().Dias());
 }
 
+std::string TextoRango(const CriteriosFiltro& c, const Listado& l, Fecha inicioPeriodo,
+                       Fecha finPeriodo) {
+    const bool fechas = Encendida(c.desde) || Encendida(c.hasta);
+    const bool otros = Encendida(c.horaDesde) || Encendida(c.horaHasta) || Encendido(c.tipo) ||
+                       Encendido(c.bono) || Encendido(c.tipoDia) || Encendido(c.comparacion);
+    const std::string dias = " (" + (l.Periodo.empty() ? "todas las fechas" : l.Periodo) + ")";
+    if (otros) {
+        return "Llamadas filtradas" + dias;
+    }
+    if (!fechas) {
+        return "Todo el registro" + dias;
+    }
+    if (c.desde == inicioPeriodo && c.hasta == finPeriodo) {
+        return "Periodo de facturacion" + dias;
+    }
+    return "Fechas elegidas" + dias;
+}
+
 } // namespace vorimesk

@@ -81,4 +81,12 @@ Listado ListarRegistro(const Log& registro, const CriteriosFiltro& criterios,
 // carries into the following month as a calendar date does.
 int DiasHastaFacturacion(Fecha hoy, int diaFactura);
 
+// What a listing sums, in words, for the summary's totals and the printed
+// header: "Periodo de facturacion (...)" for the billing period,
+// "Todo el registro (...)" when nothing is filtered, "Fechas elegidas (...)"
+// for another range of dates and "Llamadas filtradas (...)" when any other
+// criterion takes part. The dates are the listing's own.
+std::string TextoRango(const CriteriosFiltro& criterios, const Listado& listado,
+                       Fecha inicioPeriodo, Fecha finPeriodo);
+
 } // namespace vorimesk

@@ -22,6 +22,11 @@ public:
     virtual Fecha FinPeriodo() const = 0;
     // The grid as the user sees it, titles excluded, filter included.
     virtual std::vector<std::array<std::string, 10>> FilasVisibles() const = 0;
+    // The last fill's totals, and the range they sum in words (TextoRango).
+    virtual const Listado& ListadoActual() const = 0;
+    virtual std::string RangoListado() const = 0;
+    // What a tool did, told to the user once it closes.
+    virtual void Informar(const std::string& texto) = 0;
     // The register changed on disk and in memory (archive, restore): save it
     // at once and show it afresh.
     virtual void RegistroCambiado() = 0;

@@ -38,7 +38,20 @@ EtiquetasMedidor EtiquetasMedidor::Crear(QWidget* padre, int puntosTiempo, int p
     return e;
 }
 
-void EtiquetasMedidor::Mostrar(const PantallaMonitor& p) const {
+bool EtiquetasMedidor::Marcando(const PantallaMonitor& p) {
+    return p.EstadoPantalla == EstadoDePantalla::Conectando ||
+           (p.BotonConexion && !p.EtiquetasLlamada);
+}
+
+void EtiquetasMedidor::Mostrar(const PantallaMonitor& visto) const {
+    // The figures left from the last call go as soon as a new one is dialled.
+    PantallaMonitor p = visto;
+    if (Marcando(visto)) {
+        p.Tiempo = "00:00:00";
+        p.Gasto.clear();
+        p.Tarifa.clear();
+        p.Bono.clear();
+    }
     lTiempo->setText(QString::fromStdString(p.Tiempo));
     QPalette paleta = lTiempo->palette();
     paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));

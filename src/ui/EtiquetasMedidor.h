@@ -25,6 +25,8 @@ struct EtiquetasMedidor {
     // the window's font.
     static EtiquetasMedidor Crear(QWidget* padre, int puntosTiempo, int puntosGasto);
     void Mostrar(const PantallaMonitor& p) const;
+    // A call is being dialled and none is metered yet.
+    static bool Marcando(const PantallaMonitor& p);
 };
 
 } // namespace vorimesk

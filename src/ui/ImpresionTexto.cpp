@@ -62,19 +62,28 @@ bool ImprimirLineas(QPrinter& impresora, const std::vector<std::string>& lineas)
     fuente.setPointSizeF(fuente.pointSizeF() * paso / avance);
     pintor.setFont(fuente);
     const QFontMetricsF medidas(fuente, &impresora);
-    double y = medidas.ascent();
-    for (const std::string& linea : lineas) {
-        if (y + medidas.descent() > pagina.height()) {
+    // The last two lines of every page are kept for its number.
+    const int porPagina = std::max(
+        1, static_cast<int>((pagina.height() - medidas.descent()) / medidas.lineSpacing()) - 2);
+    const int paginas = std::max(1, (static_cast<int>(lineas.size()) + porPagina - 1) / porPagina);
+    const auto numerar = [&](int n) {
+        const QString pie = QString("Pagina %1 de %2").arg(n).arg(paginas);
+        const double y = medidas.ascent() + (porPagina + 1) * medidas.lineSpacing();
+        pintor.drawText(QPointF(pagina.width() - pie.size() * paso, y), pie);
+    };
+    for (std::size_t i = 0; i < lineas.size(); ++i) {
+        const int fila = static_cast<int>(i) % porPagina;
+        if (fila == 0 && i > 0) {
+            numerar(static_cast<int>(i) / porPagina);
             impresora.newPage();
-            y = medidas.ascent();
         }
-        QString texto = QString::fromStdString(linea);
+        QString texto = QString::fromStdString(lineas[i]);
         while (texto.endsWith('\r')) {
             texto.chop(1);
         }
-        DibujarLinea(pintor, texto, paso, y);
-        y += medidas.lineSpacing();
+        DibujarLinea(pintor, texto, paso, medidas.ascent() + fila * medidas.lineSpacing());
     }
+    numerar(paginas);
     return pintor.end();
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // Puts lines of text on a printer in a fixed-pitch font, one character per
 // column at twelve characters to the inch (narrower when the page is too
-// small for the columns), breaking pages where the lines run out.
+// small for the columns), breaking pages where the lines run out and
+// numbering every page at its foot ("Pagina 2 de 5").
 
 #include <string>
 #include <vector>

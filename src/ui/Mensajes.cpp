@@ -96,6 +96,11 @@ bool PreguntarRecalculo(QWidget* padre) {
                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool PreguntarCargaAlIniciar(QWidget* padre) {
+    return Caja(padre, QMessageBox::Question, kTituloCargaAlIniciar, kTextoCargaAlIniciar,
+                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 void ConexionNueva(QWidget* padre) {
     Caja(padre, QMessageBox::Warning, kTituloConexionNueva, kAvisoConexionNueva);
 }

@@ -40,8 +40,20 @@ inline const QString kTituloSinModem = "Atencion";
 inline const QString kTextoSinModem = "No tiene ningun modem instalado\r\n"
                                       "Instale uno y vuelva a ejecutar el programa";
 
+inline const QString kTituloCargaAlIniciar = "Cargar al iniciar la sesion";
+inline const QString kTextoCargaAlIniciar =
+    "¿Desea que Vorimesk se cargue cada vez que inicie la sesion?\n"
+    "Se puede cambiar cuando quiera en Opciones, \"Cargar al iniciar la sesion.\"";
+
+inline const QString kTextoSigueEnBandeja =
+    "Vorimesk sigue en marcha en la bandeja del sistema y cuenta las llamadas.\n"
+    "Para volver a la ventana, haga doble clic en su icono; para salir, elija \"Terminar\" "
+    "en su menu.";
+
 // Yes/No; true on "Si".
 bool PreguntarRecalculo(QWidget* padre);
+// Asked once, the first time the program would start itself at login.
+bool PreguntarCargaAlIniciar(QWidget* padre);
 void ConexionNueva(QWidget* padre);
 void SinModem(QWidget* padre);
 // After a re-pricing, the calls whose tariff is not in the book, if any.

@@ -16,6 +16,12 @@
 #include <QVBoxLayout>
 
 namespace vorimesk {
+namespace {
+
+const char* const kAyudaBoton = "Marca la conexion elegida, o cuelga la llamada en curso";
+
+} // namespace
+
 PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
     marcoEstado_ = new QGroupBox("Estado", this);
     shEstado = EtiquetaConNombre({}, "shEstado", marcoEstado_);
@@ -29,9 +35,20 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
     cmdConexion = new QPushButton("Co&nectar", marcoEstado_);
     cmdConexion->setObjectName("cmdConexion");
     cmdConexion->setCheckable(true);
-    cmdConexion->setToolTip("Marca la conexion elegida, o cuelga la llamada en curso");
+    // As wide as its longer caption, so the panel does not move when it flips.
+    cmdConexion->setText("Desco&nectar");
+    cmdConexion->setMinimumWidth(cmdConexion->sizeHint().width());
+    cmdConexion->setText("Co&nectar");
     connect(cmdConexion, &QPushButton::toggled, this, &PanelConexion::AlPulsar);
 
+    // The call's labels keep their room while hidden: the panel does not
+    // jump when a call starts or ends.
+    for (QWidget* w : {static_cast<QWidget*>(Label25), static_cast<QWidget*>(Label28),
+                       static_cast<QWidget*>(lConectado), static_cast<QWidget*>(lTarifa2)}) {
+        QSizePolicy politica = w->sizePolicy();
+        politica.setRetainSizeWhenHidden(true);
+        w->setSizePolicy(politica);
+    }
     auto* estado = new QGridLayout(marcoEstado_);
     auto* lampara = new QHBoxLayout;
     lampara->addWidget(shEstado);
@@ -57,7 +74,8 @@ PanelConexion::PanelConexion(QWidget* padre) : QWidget(padre) {
             emit Marcar(item->text());
         }
     });
-    // Label and list come and go together, and the meter takes their room.
+    // The list stays during a call, only greyed out, so the panel keeps its
+    // layout.
     marcoLista_ = new QWidget(this);
     lEntradas_ = new QLabel("Conexiones:", marcoLista_);
     listaConexiones->setParent(marcoLista_);
@@ -102,6 +120,10 @@ void PanelConexion::MostrarEntradas(const std::vector<std::string>& entradas) {
     if (hayEntradas_) {
         listaConexiones->setCurrentRow(0);
     }
+    if (!cmdConexion->isChecked()) {
+        cmdConexion->setEnabled(hayEntradas_);
+        cmdConexion->setToolTip(hayEntradas_ ? kAyudaBoton : kComoAñadirConexion);
+    }
 }
 
 QString PanelConexion::EntradaElegida() const {
@@ -138,12 +160,12 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
                        static_cast<QWidget*>(lConectado), static_cast<QWidget*>(lTarifa2)}) {
         w->setVisible(p.EtiquetasLlamada);
     }
-    marcoMedidor_->setTitle(p.EtiquetasLlamada || p.Gasto.empty() ? "Llamada en curso"
-                                                                  : "Ultima llamada");
+    marcoMedidor_->setTitle(p.EtiquetasLlamada || p.Gasto.empty() || EtiquetasMedidor::Marcando(p)
+                                ? "Llamada en curso"
+                                : "Ultima llamada");
     lConectado->setText(QString::fromStdString(p.Conectado));
     lTarifa2->setText(QString::fromStdString(p.Tarifa2));
-    listaConexiones->setHidden(!p.ListaConexiones);
-    marcoLista_->setHidden(!p.ListaConexiones);
+    listaConexiones->setEnabled(p.ListaConexiones);
     shEstado->setToolTip(QString::fromStdString(p.MsgEstado));
 
     medidor_.Mostrar(p);
@@ -153,6 +175,9 @@ void PanelConexion::Mostrar(const PantallaMonitor& p) {
     const QSignalBlocker bloqueo(cmdConexion);
     cmdConexion->setChecked(p.BotonConexion);
     cmdConexion->setText(p.BotonConexion ? "Desco&nectar" : "Co&nectar");
+    // With nothing to dial the button would only pretend to connect.
+    cmdConexion->setEnabled(hayEntradas_ || p.BotonConexion);
+    cmdConexion->setToolTip(hayEntradas_ || p.BotonConexion ? kAyudaBoton : kComoAñadirConexion);
 }
 
 void PanelConexion::AlPulsar(bool pulsado) {

@@ -1,12 +1,13 @@
 #pragma once
 // The top of the main window: the state lamp and message, today's date and
 // time, the call labels (entry and its tariff) and the live meter (time,
-// cost, band, bundle), the connect/disconnect button cmdConexion and, while
-// no call is up, the dial-up entries to dial (listaConexiones; a
-// double-click dials). Everything shown comes from the monitor's display.
+// cost, band, bundle), the connect/disconnect button cmdConexion and the
+// dial-up entries to dial (listaConexiones; a double-click dials; greyed out
+// during a call). Everything shown comes from the monitor's display.
 
 #include "EtiquetasMedidor.h"
 
+#include <QString>
 #include <QWidget>
 #include <string>
 #include <vector>
@@ -19,6 +20,15 @@ class QPushButton;
 namespace vorimesk {
 
 struct PantallaMonitor;
+
+// What to do when the system has no connection to dial: the tooltip of the
+// disabled "Conectar" says it in full, the status line in short.
+inline const QString kComoAñadirConexion =
+    "No hay ninguna conexion que marcar. Para añadir una, cree un par de pppd en "
+    "/etc/ppp/peers (por ejemplo con pppconfig) o una conexion de banda ancha movil o de "
+    "acceso telefonico en NetworkManager (nm-connection-editor).";
+inline const QString kSinConexionesEstado =
+    "Sin conexiones: añada un par de pppd en /etc/ppp/peers o una conexion de NetworkManager.";
 
 class PanelConexion : public QWidget {
     Q_OBJECT

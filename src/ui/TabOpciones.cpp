@@ -56,7 +56,7 @@ TabOpciones::TabOpciones(DatosSesion& datos, SonidoAviso& sonido, QWidget* padre
 
 QWidget* TabOpciones::MarcoGeneral() {
     auto* marco = new QGroupBox("General", this);
-    Check7 = Casilla(marco, "Check7", "Cargar al iniciar Windows.");
+    Check7 = Casilla(marco, "Check7", "Cargar al iniciar la sesion.");
     Check7->setToolTip("Arranca el contador al iniciar la sesion del escritorio");
     Check8 = Casilla(marco, "Check8", "Cambio de color segun tarifa.");
     Check9 = Casilla(marco, "Check9", "Mini ventana al conectar");

@@ -122,6 +122,10 @@ bool TabRegistro::Exportar() {
         const std::filesystem::path destino = ruta.toStdString();
         EscribirArchivoSeguro(
             destino, TextoExportado(*registro_, indices_, FormatoDeArchivo(destino)), kSoloUsuario);
+        emit Informar(
+            QString("Se han exportado %1 llamadas a %2.")
+                .arg(indices_.size())
+                .arg(QString::fromStdString(std::filesystem::absolute(destino).string())));
     });
 }
 

@@ -34,6 +34,8 @@ public:
     std::function<QString()> ElegirArchivoExportar;
 
 signals:
+    // What an action did, for the window's status line.
+    void Informar(const QString& texto);
     // The user asks for the register filter.
     void PedirFiltro();
     // The user asks what the listed calls would cost under every tariff.

@@ -11,10 +11,10 @@
 #include <QVBoxLayout>
 
 namespace vorimesk {
-namespace {} // namespace
 
 TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
     lPeriodo = CifraEnNegrita(this, "lPeriodo");
+    lRangoTotales = CifraEnNegrita(this, "lRangoTotales");
     lTiempoPer = CifraEnNegrita(this, "lTiempoPer");
     lGastoPer = CifraEnNegrita(this, "lGastoPer");
     lLlamadas = CifraEnNegrita(this, "lLlamadas");
@@ -23,17 +23,23 @@ TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
     lBonoQueda = CifraEnNegrita(this, "lBonoQueda");
 
     auto* marcoPeriodo = new QGroupBox("Periodo de facturacion", this);
-    auto* cifras = new QFormLayout(marcoPeriodo);
-    cifras->addRow("Periodo:", lPeriodo);
-    cifras->addRow("Tiempo periodo:", lTiempoPer);
-    cifras->addRow("Gasto total periodo:", lGastoPer);
-    cifras->addRow("Numero de llamadas:", lLlamadas);
+    auto* periodo = new QFormLayout(marcoPeriodo);
+    periodo->addRow("Periodo:", lPeriodo);
     auto* quedan = new QHBoxLayout;
     quedan->addWidget(new QLabel("Quedan", marcoPeriodo));
     quedan->addWidget(lDiasQuedanBono);
     quedan->addWidget(new QLabel("dias para finalizar.", marcoPeriodo));
     quedan->addStretch();
-    cifras->addRow(quedan);
+    periodo->addRow(quedan);
+
+    // The totals are those of the grid, which may list more or less than the
+    // billing period: the range they sum is named above them.
+    auto* marcoTotales = new QGroupBox("Totales del registro", this);
+    auto* cifras = new QFormLayout(marcoTotales);
+    cifras->addRow("Llamadas de:", lRangoTotales);
+    cifras->addRow("Tiempo:", lTiempoPer);
+    cifras->addRow("Gasto total:", lGastoPer);
+    cifras->addRow("Numero de llamadas:", lLlamadas);
 
     marcoBono_ = new QGroupBox("BonoNet", this);
     auto* bono = new QFormLayout(marcoBono_);
@@ -42,6 +48,7 @@ TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
 
     auto* todo = new QVBoxLayout(this);
     todo->addWidget(marcoPeriodo);
+    todo->addWidget(marcoTotales);
     todo->addWidget(marcoBono_);
     prevision = new PanelPrevision(this);
     todo->addWidget(prevision);
@@ -50,6 +57,7 @@ TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
 
 void TabResumen::Mostrar(const ResumenPeriodo& r) {
     lPeriodo->setText(QString::fromStdString(r.inicio.TextoCorto() + " - " + r.fin.TextoCorto()));
+    lRangoTotales->setText(QString::fromStdString(r.rango));
     lTiempoPer->setText(r.llamadas == 0 ? QString() : QString::fromStdString(r.tiempo.Valor()));
     lGastoPer->setText(QString::fromStdString(FormatoMiles(r.coste) + " "));
     lLlamadas->setText(QString::number(r.llamadas));

@@ -1,7 +1,8 @@
 #pragma once
-// Tab 0: what the billing period has cost so far (the totals of the last fill
-// of the register grid), the days left until the next billing day, and the
-// BonoNet time spent and left of the group chosen on the bono tab.
+// Tab 0: the billing period and the days left in it, the totals of the last
+// fill of the register grid under the name of the range they sum (the billing
+// period, the whole register, a filter), and the BonoNet time spent and left
+// of the group chosen on the bono tab.
 
 #include "core/Fecha.h"
 #include "core/cTiempo.h"
@@ -20,8 +21,9 @@ class PanelPrevision;
 namespace vorimesk {
 
 struct ResumenPeriodo {
-    Fecha inicio;
+    Fecha inicio; // the billing period, to its last day
     Fecha fin;
+    std::string rango; // what the totals sum, in words
     cTiempo tiempo;
     std::int32_t coste = 0;
     std::int16_t llamadas = 0;
@@ -40,6 +42,7 @@ public:
 
 private:
     QLabel* lPeriodo = nullptr;
+    QLabel* lRangoTotales = nullptr;
     QLabel* lTiempoPer = nullptr;
     QLabel* lGastoPer = nullptr;
     QLabel* lLlamadas = nullptr;

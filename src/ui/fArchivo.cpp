@@ -227,8 +227,10 @@ QWidget* fArchivo::PaginaVer() {
 }
 
 QWidget* fArchivo::PaginaConfirmar() {
-    return PaginaDeDos("Se borraran definitivamente los datos de su disco duro. ¿Desea continuar?:",
-                       Option5, "&Si", "Option5", Option6, "&No", "Option6");
+    QWidget* p = PaginaDeDos({}, Option5, "&Si", "Option5", Option6, "&No", "Option6");
+    lConfirmar = p->findChild<QLabel*>();
+    lConfirmar->setObjectName("lConfirmar");
+    return p;
 }
 
 void fArchivo::Conectar() {
@@ -330,6 +332,9 @@ void fArchivo::Siguiente() {
     }
     if (pasos_.Pagina() == PaginaArchivo::ConfirmarBorrado) {
         Option6->setChecked(true);
+        lConfirmar->setText("Se borrara definitivamente el archivo \"" +
+                            QString::fromStdString(ArchivoSeleccionado()) +
+                            "\" de su disco duro. ¿Desea continuar?:");
     }
     Refrescar();
 }
@@ -389,34 +394,53 @@ void fArchivo::Finalizar() {
     if (!pasos_.FinalizarActivo()) {
         return;
     }
-    if (!Proteger(this, [&] {
-            switch (pasos_.Accion()) {
-            case PasosArchivo::kArchivar: {
-                const int antes = registro_.Count();
-                copias_.Archivar(registro_, nombre_, descripcion_, rango_.desde, rango_.hasta,
-                                 borrar_);
-                if (registro_.Count() != antes) {
-                    const Fecha hoy = reloj_.Hoy();
-                    anfitrion_.RegistroCambiado();
-                    anfitrion_.RellenaGrid(
-                        CriteriosFiltro::Periodo(PrimerDiaOHoy(registro_, hoy), hoy));
-                }
-                break;
-            }
-            case PasosArchivo::kRecuperar:
-                Copias(Dir2->Carpeta()).Recuperar(ArchivoSeleccionado(), registro_);
-                anfitrion_.RegistroCambiado();
-                break;
-            case PasosArchivo::kBorrar:
-                Copias::Borrar(Dir2->Carpeta(), ArchivoSeleccionado());
-                break;
-            default:
-                break;
-            }
-        })) {
+    if (!Proteger(this, [&] { Hacer(); })) {
         return;
     }
     accept();
+}
+
+void fArchivo::Hacer() {
+    const auto entre = [](const std::string& nombre) { return "\"" + nombre + "\""; };
+    switch (pasos_.Accion()) {
+    case PasosArchivo::kArchivar: {
+        const int antes = registro_.Count();
+        int enRango = 0;
+        for (int i = 0; i < antes; ++i) {
+            enRango += rango_.desde <= registro_.Dia(i) && registro_.Dia(i) <= rango_.hasta;
+        }
+        copias_.Archivar(registro_, nombre_, descripcion_, rango_.desde, rango_.hasta, borrar_);
+        if (registro_.Count() != antes) {
+            const Fecha hoy = reloj_.Hoy();
+            anfitrion_.RegistroCambiado();
+            anfitrion_.RellenaGrid(CriteriosFiltro::Periodo(PrimerDiaOHoy(registro_, hoy), hoy));
+        }
+        anfitrion_.Informar("Se han archivado " + std::to_string(enRango) + " llamadas en " +
+                            entre(nombre_) +
+                            (registro_.Count() != antes ? " y se han quitado del registro."
+                                                        : "; siguen tambien en el registro."));
+        break;
+    }
+    case PasosArchivo::kRecuperar:
+        Copias(Dir2->Carpeta()).Recuperar(ArchivoSeleccionado(), registro_);
+        anfitrion_.RegistroCambiado();
+        // All of it: the calls restored seldom fall in the current period.
+        anfitrion_.RellenaGrid({});
+        anfitrion_.Informar("Se han recuperado " + std::to_string(registro_.Count()) +
+                            " llamadas de " + entre(ArchivoSeleccionado()) +
+                            (Option4->isChecked()
+                                 ? "; las que habia se guardaron antes en " + entre(nombre_) + "."
+                                 : ".") +
+                            " El registro se muestra entero.");
+        break;
+    case PasosArchivo::kBorrar:
+        Copias::Borrar(Dir2->Carpeta(), ArchivoSeleccionado());
+        anfitrion_.Informar("Se ha borrado el archivo " + entre(ArchivoSeleccionado()) +
+                            " del disco.");
+        break;
+    default:
+        break;
+    }
 }
 
 void fArchivo::done(int resultado) {

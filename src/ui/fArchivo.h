@@ -72,6 +72,7 @@ private:
     QListWidget* File1 = nullptr;
     QTableWidget* Grid1 = nullptr;
     QLabel* lPeriodo = nullptr;
+    QLabel* lConfirmar = nullptr; // the delete question, naming the archive
     QPushButton* cmdAtras = nullptr;
     QPushButton* cmdSiguiente = nullptr;
     QPushButton* cmdFinalizar = nullptr;
@@ -85,6 +86,8 @@ private:
     QWidget* PaginaArchivo();
     QWidget* PaginaVer();
     QWidget* PaginaConfirmar();
+    // Does what the wizard was taken through and tells the window.
+    void Hacer();
     void Conectar();
     void Refrescar();
     void ElegirRango(bool todos);

@@ -78,6 +78,7 @@ fFiltro::fFiltro(AnfitrionRegistro& anfitrion, const Reloj& reloj, QWidget* padr
     setWindowTitle("Filtro");
     cmdAplicar = Boton("&Aplicar", "cmdAplicar", this);
     cmdSuprimir = Boton("&Suprimir", "cmdSuprimir", this);
+    cmdSuprimir->setToolTip("Quitar el filtro");
     cmdTodos = Boton("&Ver todos", "cmdTodos", this);
     auto* botones = new QHBoxLayout;
     botones->addStretch(1);
@@ -203,6 +204,13 @@ void fFiltro::TomarValoresGuardados() {
     const QDate hoy = AQDate(reloj_.Hoy());
     fecDesde->setDate(hoy);
     fecHasta->setDate(hoy);
+    // The whole day: ticking the hour toggle alone leaves every call in.
+    HoraSpin1->setTime(QTime(0, 0, 0));
+    HoraSpin2->setTime(QTime(23, 59, 59));
+    SoltarInterruptores();
+}
+
+void fFiltro::SoltarInterruptores() {
     for (QPushButton* b : {bFec, bHora, bTiempo, bTipo, bBono, bDia}) {
         b->setChecked(false);
     }
@@ -241,6 +249,9 @@ void fFiltro::Aplicar() {
 }
 
 void fFiltro::Suprimir() {
+    // The toggles go with the filter, so none is left ticked over a grid it
+    // no longer filters.
+    SoltarInterruptores();
     Proteger(this, [&] {
         anfitrion_.RellenaGrid(
             CriteriosFiltro::Periodo(anfitrion_.InicioPeriodo(), anfitrion_.FinPeriodo()));

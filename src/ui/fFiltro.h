@@ -63,6 +63,7 @@ private:
     QWidget* GrupoOtras();
     void Conmutar(QPushButton* boton, std::initializer_list<QWidget*> controles);
     void TomarValoresGuardados();
+    void SoltarInterruptores();
     void Aplicar();
     void Suprimir();
     void VerTodos();

@@ -158,7 +158,7 @@ QString fGrafico::Titulo() const {
     case VistaGrafico::Anual:
         return dato + " por año";
     case VistaGrafico::Mensual:
-        return dato + " por mes";
+        return dato + " por mes (" + QTexto(AñosDelMensual(dias_, reloj_.Hoy())) + ")";
     case VistaGrafico::Diario:
         return dato + " por dia" + (Combo1->count() > 0 ? " de " + Combo1->currentText() : "");
     }

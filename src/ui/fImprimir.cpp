@@ -50,8 +50,8 @@ fImprimir::fImprimir(const AnfitrionRegistro& anfitrion, const cLlamada& libro, 
 std::vector<std::string> fImprimir::Lineas() const {
     std::vector<std::string> lineas;
     if (Check1->isChecked()) {
-        lineas = InformeRegistro(anfitrion_.FilasVisibles(), anfitrion_.InicioPeriodo(),
-                                 anfitrion_.FinPeriodo());
+        lineas = InformeRegistro(anfitrion_.FilasVisibles(), anfitrion_.RangoListado(),
+                                 anfitrion_.ListadoActual());
     }
     if (Check2->isChecked()) {
         for (std::string& l : InformeTarifas(libro_)) {

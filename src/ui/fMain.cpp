@@ -6,6 +6,7 @@
 #include "MenuBandeja.h"
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
+#include "PreguntaCargaAlIniciar.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
@@ -20,11 +21,13 @@
 #include "fMini.h"
 #include "fModem.h"
 #include "monitor/EntradasConexion.h"
-#include "tariff/PeriodoEnCurso.h"
+#include "tariff/PeriodosFacturacion.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
+#include <QSettings>
 #include <QStatusBar>
 #include <QSystemTrayIcon>
 #include <QTabWidget>
@@ -37,6 +40,9 @@ namespace {
 
 constexpr int kIntervaloEstado = 1000; // ms
 constexpr int kIntervaloHora = 1000;
+constexpr int kIntervaloBandeja = 2000;
+// Closing to the tray is explained once per data folder.
+constexpr const char* kClaveBandejaAvisada = "Bandeja/Avisada";
 
 } // namespace
 
@@ -47,6 +53,7 @@ fMain::fMain(EntornoVentana entorno, QWidget* padre)
                sesion_.RegistroDelMonitor(), linea_, entorno_.carpetaDatos) {
     setWindowTitle("Vorimesk");
     setWindowIcon(IconoPrograma());
+    HayBandeja = [] { return QSystemTrayIcon::isSystemTrayAvailable(); };
     sonido_ = new SonidoAviso(this);
     ElegirModem = [this](const QStringList& modelos) {
         fModem dialogo(modelos, this);
@@ -76,6 +83,9 @@ void fMain::Construir() {
         Proteger(this, [&] { linea_.Marcar(entrada.toStdString()); });
     });
     connect(panel, &PanelConexion::Pulsado, this, [this](const QString& entrada) {
+        if (!entrada.isEmpty() && !monitor_.LlamadaAbierta()) {
+            esperaMarcado_.Empezar(entrada.toStdString(), entorno_.reloj->Ahora());
+        }
         Proteger(this, [&] { Atender(monitor_.Pulsar(entrada.toStdString())); });
     });
     connect(panel, &PanelConexion::Colgar, this,
@@ -117,6 +127,8 @@ void fMain::Construir() {
     });
     connect(tabBono, &TabBono::BonoCambiado, this, [this] { MostrarBono(); });
     connect(tabRegistro, &TabRegistro::PedirFiltro, this, [this] { AbrirFiltro(); });
+    connect(tabRegistro, &TabRegistro::Informar, this,
+            [this](const QString& texto) { statusBar()->showMessage(texto); });
     ConstruirPrevision();
     connect(tabBono, &TabBono::FacturacionCambiada, this,
             Protegido(this, [this] { sesion_.CalcularPeriodo(); }));
@@ -132,6 +144,17 @@ void fMain::Construir() {
     tmEstado->setObjectName("tmEstado");
     tmEstado->setInterval(kIntervaloEstado);
     connect(tmEstado, &QTimer::timeout, this, Protegido(this, [this] { TickEstado(); }));
+    // Stays on the status line while the system has nothing to dial; the
+    // passing messages show beside it.
+    lSinConexiones = new QLabel(kSinConexionesEstado, this);
+    lSinConexiones->setObjectName("lSinConexiones");
+    lSinConexiones->setToolTip(kComoAñadirConexion);
+    lSinConexiones->hide();
+    statusBar()->addPermanentWidget(lSinConexiones);
+    tmBandeja = new QTimer(this);
+    tmBandeja->setObjectName("tmBandeja");
+    tmBandeja->setInterval(kIntervaloBandeja);
+    connect(tmBandeja, &QTimer::timeout, this, [this] { BuscarBandeja(); });
     tmHora = new QTimer(this);
     tmHora->setObjectName("tmHora");
     tmHora->setInterval(kIntervaloHora);
@@ -178,8 +201,19 @@ void fMain::LeerAjustes() {
     }
 }
 
+void fMain::BuscarBandeja() {
+    if (bandeja_ != nullptr || !HayBandeja()) {
+        return;
+    }
+    tmBandeja->stop();
+    PonerBandeja();
+}
+
 void fMain::PonerBandeja() {
-    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+    if (!HayBandeja()) {
+        // A session starts programs before its panel: the icon comes when
+        // the tray does.
+        tmBandeja->start();
         return;
     }
     bandeja_ = new QSystemTrayIcon(IconoPrograma(), this);
@@ -207,11 +241,8 @@ void fMain::BuscarModem() {
 }
 
 void fMain::AplicarCargaAlIniciar() {
-    if (datos_.Ajustes.CargarAlIniciar) {
-        entorno_.plataforma.cargaAlIniciar->Activar(entorno_.ejecutable, entorno_.argumentos);
-    } else {
-        entorno_.plataforma.cargaAlIniciar->Desactivar();
-    }
+    vorimesk::AplicarCargaAlIniciar(this, entorno_, datos_.Ajustes.CargarAlIniciar,
+                                    datos_.Carpeta / kArchivoPreferencias);
 }
 
 void fMain::LeerEntradas() {
@@ -221,6 +252,7 @@ void fMain::LeerEntradas() {
     }
     entradasSistema_ = entradas;
     panel->MostrarEntradas(entradas);
+    lSinConexiones->setVisible(entradas.empty());
     mnuOne->MostrarEntradas(entradas);
     tabConexiones->MostrarEntradas(entradas);
     if (!AñadirEntradasNuevas(datos_.Ajustes, entradas).empty()) {
@@ -259,8 +291,18 @@ void fMain::RellenaGrid(const CriteriosFiltro& criterios) {
     listado_ = ListarRegistro(
         datos_.Registro, criterios, [this](Fecha dia) { return datos_.TipoDia(dia); },
         datos_.Coste(), datos_.RelojPrograma.Hoy());
+    criterios_ = criterios;
     tabRegistro->Mostrar(datos_.Registro, listado_, datos_.Coste());
-    presupuesto_->Actualizar();
+    // The summary follows every fill, so a call just recorded shows there too.
+    MostrarResumen();
+}
+
+std::string fMain::RangoListado() const {
+    return TextoRango(criterios_, listado_, datos_.InicioPeriodo, datos_.FinPeriodo);
+}
+
+void fMain::Informar(const std::string& texto) {
+    statusBar()->showMessage(QString::fromStdString(texto));
 }
 
 std::vector<std::array<std::string, 10>> fMain::FilasVisibles() const {
@@ -293,13 +335,19 @@ void fMain::CambioPestaña(int nueva) {
 }
 
 void fMain::MostrarResumen() {
+    const Fecha hoy = datos_.RelojPrograma.Hoy();
+    const Fecha primera = datos_.Registro.Count() > 0 ? datos_.Registro.Dia(0) : hoy;
+    // The whole billing period, to its last day, as the forecast counts it.
+    const PeriodoFacturacion periodo =
+        PeriodoCompleto(datos_.Bono.DiaFactura(), datos_.Bono.perFactura(), primera, hoy);
     ResumenPeriodo r;
-    r.inicio = datos_.InicioPeriodo;
-    r.fin = datos_.FinPeriodo;
+    r.inicio = periodo.inicio;
+    r.fin = periodo.fin;
+    r.rango = RangoListado();
     r.tiempo = listado_.TotalTiempo;
     r.coste = listado_.TotalCoste;
     r.llamadas = listado_.NumeroLlamadas;
-    r.diasQuedan = DiasHastaFacturacion(datos_.RelojPrograma.Hoy(), datos_.Bono.DiaFactura());
+    r.diasQuedan = static_cast<int>(periodo.fin.Dias() - hoy.Dias());
     tabResumen->Mostrar(r);
     presupuesto_->Actualizar();
 }
@@ -349,7 +397,10 @@ void fMain::closeEvent(QCloseEvent* evento) {
     // The close box keeps the program running: to the tray, or minimised
     // when the desktop has no tray to come back from.
     evento->ignore();
-    const bool bandeja = bandeja_ != nullptr && QSystemTrayIcon::isSystemTrayAvailable();
+    const bool bandeja = bandeja_ != nullptr && HayBandeja();
+    if (bandeja) {
+        DecirDondeSigue();
+    }
     for (QWidget* w : QApplication::topLevelWidgets()) {
         if (!w->isVisible() || w->windowType() == Qt::Popup || w->windowType() == Qt::ToolTip) {
             continue;
@@ -361,6 +412,16 @@ void fMain::closeEvent(QCloseEvent* evento) {
             w->showMinimized();
         }
     }
+}
+
+void fMain::DecirDondeSigue() {
+    QSettings ini(QString::fromStdString((datos_.Carpeta / kArchivoPreferencias).string()),
+                  QSettings::IniFormat);
+    if (ini.value(kClaveBandejaAvisada, false).toBool()) {
+        return;
+    }
+    ini.setValue(kClaveBandejaAvisada, true);
+    Avisar(this, QMessageBox::Information, avisos::kTextoSigueEnBandeja);
 }
 
 void fMain::changeEvent(QEvent* evento) {

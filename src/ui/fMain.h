@@ -11,6 +11,7 @@
 
 #include "AnfitrionRegistro.h"
 #include "EntornoVentana.h"
+#include "monitor/EsperaMarcado.h"
 #include "monitor/MonitorConexion.h"
 #include "platform/LineaPlataforma.h"
 #include "session/Sesion.h"
@@ -23,6 +24,7 @@
 #include <optional>
 
 class QAction;
+class QLabel;
 class QSystemTrayIcon;
 class QTabWidget;
 class QTimer;
@@ -64,7 +66,11 @@ public:
     Fecha InicioPeriodo() const override { return datos_.InicioPeriodo; }
     Fecha FinPeriodo() const override { return datos_.FinPeriodo; }
     std::vector<std::array<std::string, 10>> FilasVisibles() const override;
+    const Listado& ListadoActual() const override { return listado_; }
+    std::string RangoListado() const override;
     void RegistroCambiado() override;
+    // On the status line.
+    void Informar(const std::string& texto) override;
 
     // The normal exit: saves register and settings, closes every window and
     // ends the event loop. When saving fails the user is told and the
@@ -107,6 +113,10 @@ public:
 
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
+    // Whether the desktop has a tray now; tests put their own.
+    std::function<bool()> HayBandeja;
+    // Puts the tray icon up once a tray is there (tmBandeja asks until then).
+    void BuscarBandeja();
 
     DatosSesion& Datos() { return datos_; }
     const MonitorConexion& Monitor() const { return monitor_; }
@@ -129,6 +139,7 @@ private:
     void ConstruirMenuBandeja();
     void ConstruirPrevision();
     void PonerBandeja();
+    void DecirDondeSigue();
     void HacerArrastrable();
     void AbrirImprimir();
     void AbrirArchivo();
@@ -163,12 +174,15 @@ private:
     MenuBandeja* mnuOne = nullptr;
     QTimer* tmEstado = nullptr;
     QTimer* tmHora = nullptr;
+    QTimer* tmBandeja = nullptr;
+    QLabel* lSinConexiones = nullptr;
 
     EntornoVentana entorno_;
     Sesion sesion_;
     DatosSesion& datos_ = sesion_.Datos();
     LineaPlataforma linea_;
     MonitorConexion monitor_;
+    EsperaMarcado esperaMarcado_;
     SonidoAviso* sonido_ = nullptr;
     VigiaPresupuesto* presupuesto_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;
@@ -176,6 +190,7 @@ private:
     // The windows the close box hid, for the tray to bring back.
     QList<QPointer<QWidget>> ocultas_;
     Listado listado_;
+    CriteriosFiltro criterios_;
     int pestañaAnterior_ = kResumen;
     bool entradasNuevas_ = false;
     bool terminando_ = false;

@@ -31,6 +31,10 @@ void fMain::TickEstado() {
         sucesos.push_back(std::move(s));
     }
     Atender(sucesos);
+    if (const auto fallo = esperaMarcado_.Mirar(monitor_.Pantalla(), entorno_.reloj->Ahora())) {
+        Atender(monitor_.Soltar());
+        statusBar()->showMessage(QString::fromStdString(*fallo));
+    }
 }
 
 void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {

@@ -1,6 +1,7 @@
 #include "fPer.h"
 
 #include "AnchoTitulo.h"
+#include "ControlesDialogo.h"
 #include "FechasQt.h"
 #include "PilaPrograma.h"
 
@@ -8,6 +9,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -49,9 +51,18 @@ fPer::fPer(const Reloj& reloj, QWidget* padre) : QDialog(padre), reloj_(reloj) {
     auto* año = new QHBoxLayout;
     año->addWidget(new QLabel("Año:", this));
     año->addWidget(cmbAño, 1);
+    cmdAceptar = Boton("&Aceptar", "cmdAceptar", this);
+    cmdAceptar->setDefault(true);
+    cmdAceptar->setEnabled(false);
+    auto* cancelar = Boton("&Cancelar", "cmdCancelar", this);
+    auto* botones = new QHBoxLayout;
+    botones->addStretch(1);
+    botones->addWidget(cmdAceptar);
+    botones->addWidget(cancelar);
     auto* columna = new QVBoxLayout(this);
     columna->addLayout(año);
     columna->addWidget(lvPer, 1);
+    columna->addLayout(botones);
     resize(340, 300);
     AjustarAnchoAlTitulo(*this);
 
@@ -59,8 +70,12 @@ fPer::fPer(const Reloj& reloj, QWidget* padre) : QDialog(padre), reloj_(reloj) {
     TomarParametros();
     connect(cmbAño, &QComboBox::currentIndexChanged, this, &fPer::ElegirAño);
     connect(lvPer, &QListWidget::itemActivated, this, &fPer::Elegir);
-    connect(lvPer, &QListWidget::currentItemChanged, this,
-            [this](QListWidgetItem* actual) { lvPer->scrollToItem(actual); });
+    connect(lvPer, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* actual) {
+        lvPer->scrollToItem(actual);
+        cmdAceptar->setEnabled(actual != nullptr);
+    });
+    connect(cmdAceptar, &QPushButton::clicked, this, [this] { Elegir(lvPer->currentItem()); });
+    connect(cancelar, &QPushButton::clicked, this, &fPer::reject);
     LlenarAños();
 }
 

@@ -3,10 +3,10 @@
 // its opener gives up to today. Its opener pushes the billing day, the
 // interval choice (0 "Mensual", 1 "Par Bimensual", 2 "Impar Bimensual") and
 // the first date on the program's stack before creating it; the picker
-// takes them off as it opens. Picking a period (double click or Enter)
-// leaves its start and then its end on the stack (the end on top) and sets
-// the result code to kPeriodoElegido; closing it any other way leaves the
-// stack empty.
+// takes them off as it opens. Picking a period (double click, Enter or
+// "Aceptar") leaves its start and then its end on the stack (the end on
+// top) and sets the result code to kPeriodoElegido; closing it any other
+// way leaves the stack empty.
 
 #include "core/Reloj.h"
 #include "tariff/cPeriodo.h"
@@ -16,6 +16,7 @@
 class QComboBox;
 class QListWidget;
 class QListWidgetItem;
+class QPushButton;
 
 namespace vorimesk {
 
@@ -33,6 +34,7 @@ public slots:
 private:
     QComboBox* cmbAño = nullptr;
     QListWidget* lvPer = nullptr;
+    QPushButton* cmdAceptar = nullptr;
 
     void TomarParametros();
     void LlenarAños();

@@ -40,8 +40,9 @@ TEST_F(GraficoRegistroTest, RegistroVacioDaCerosYListaVacia) {
     const auto anual = Puntos(VistaGrafico::Anual, DatoGrafico::Gasto);
     const auto mensual = Puntos(VistaGrafico::Mensual, DatoGrafico::Llamadas);
     const auto diario = Puntos(VistaGrafico::Diario, DatoGrafico::Tiempo); // marzo, el de hoy
-    ASSERT_EQ(std::tuple(anual.size(), mensual.size(), diario.size()), std::tuple(15u, 12u, 31u));
-    EXPECT_EQ(anual.front().etiqueta + " " + anual.back().etiqueta, "2026 2040");
+    ASSERT_EQ(std::tuple(anual.size(), mensual.size(), diario.size()), std::tuple(1u, 12u, 31u));
+    EXPECT_EQ(anual.front().etiqueta, "2026");
+    EXPECT_EQ(AñosDelMensual({}, hoy), "2026");
     EXPECT_EQ(mensual.front().etiqueta + " " + mensual.back().etiqueta, "ene dic");
     for (const auto* puntos : {&anual, &mensual, &diario}) {
         for (const PuntoGrafico& p : *puntos) {
@@ -87,16 +88,17 @@ TEST_F(GraficoRegistroTest, DiasSeparadosEnElRegistroSonEntradasDistintas) {
     EXPECT_EQ(Puntos(VistaGrafico::Mensual, DatoGrafico::Llamadas)[2].valor, 3.0F);
 }
 
-TEST_F(GraficoRegistroTest, AnualSiempreQuincePuntosDesdeElPrimerAño) {
+TEST_F(GraficoRegistroTest, AnualDelPrimerAñoConLlamadasAlActual) {
     Llamada(2000, 5, 1, "00:01:00");
     Llamada(2003, 1, 1, "00:01:00");
     Llamada(2003, 7, 1, "00:01:00");
-    Llamada(2020, 1, 1, "00:01:00"); // mas alla del punto 15
+    Llamada(2020, 1, 1, "00:01:00");
     const auto anual = Puntos(VistaGrafico::Anual, DatoGrafico::Llamadas);
-    ASSERT_EQ(anual.size(), 15u);
+    ASSERT_EQ(anual.size(), 27u); // 2000 .. 2026, hoy incluido
     EXPECT_EQ(anual[0].etiqueta, "2000");
-    EXPECT_EQ(anual[14].etiqueta, "2014");
-    EXPECT_EQ(Valores(anual), (std::vector<float>{1, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(anual[26].etiqueta, "2026");
+    EXPECT_EQ(std::tuple(anual[0].valor, anual[3].valor, anual[20].valor, anual[26].valor),
+              std::tuple(1.0F, 2.0F, 1.0F, 0.0F));
 }
 
 TEST_F(GraficoRegistroTest, MensualComparaSoloNumerosDeMes) {

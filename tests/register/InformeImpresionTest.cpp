@@ -2,6 +2,7 @@
 
 #include "CarpetaTemporal.h"
 #include "TarifaAMano.h"
+#include "register/ListadoRegistro.h"
 #include "tariff/cLlamada.h"
 
 #include <gtest/gtest.h>
@@ -24,11 +25,16 @@ FilaRegistro Fila(std::string tarifa, std::string conexion) {
 } // namespace
 
 TEST(InformeRegistro, TitulosCortadosYCeldasEnColumnasDeDoce) {
-    const auto l = InformeRegistro({Fila("Metro", "Casa")}, Fecha::Crear(2026, 2, 16),
-                                   Fecha::Crear(2026, 3, 15, 23, 59, 59));
-    ASSERT_EQ(l.size(), 4u);
+    Listado totales;
+    totales.NumeroLlamadas = 1;
+    totales.TotalTiempo = cTiempo("00:12:00");
+    totales.TotalCoste = 1234;
+    const auto l = InformeRegistro({Fila("Metro", "Casa")},
+                                   "Todo el registro (16/02/2026 - 15/03/2026)", totales);
+    ASSERT_EQ(l.size(), 6u);
     EXPECT_EQ(l[0], "Registro de llamadas");
-    EXPECT_EQ(l[1], "Periodo desde el 16/02/2026 hasta el 15/03/2026 23:59:59");
+    EXPECT_EQ(l[1], "Todo el registro (16/02/2026 - 15/03/2026)");
+    EXPECT_EQ(l[5], "Total  Llamadas: 1  Duracion: 00:12:00  Gasto: 1.234");
     EXPECT_EQ(l[2], "Dia        Hora        Duracion    Coste       Tarifa      Tipo        "
                     "Bono        Conexion    Kbs Recibi  Kbs Enviad");
     // La columna c empieza en c * 12; la primera, en la 1.
@@ -43,14 +49,15 @@ TEST(InformeRegistro, TitulosCortadosYCeldasEnColumnasDeDoce) {
 }
 
 TEST(InformeRegistro, CeldaLargaEmpujaSoloALaSiguiente) {
-    const auto l = InformeRegistro({Fila("Interprovincial", "Casa")}, Fecha(), Fecha());
+    const auto l = InformeRegistro({Fila("Interprovincial", "Casa")}, "", Listado{});
     const std::string& fila = l[3];
     EXPECT_EQ(Desde(fila, 48).substr(0, 28), "Interprovincial Reducida No ");
     EXPECT_EQ(Desde(fila, 84).substr(0, 4), "Casa"); // de vuelta en su columna
 }
 
 TEST(InformeRegistro, SinFilasSoloCabecera) {
-    EXPECT_EQ(InformeRegistro({}, Fecha(), Fecha()).size(), 3u);
+    EXPECT_EQ(InformeRegistro({}, "", Listado{}).back(),
+              "Total  Llamadas: 0  Duracion: 00:00:00  Gasto: 0");
     EXPECT_EQ(TextoInforme({"a", "", "b"}), "a\r\n\r\nb\r\n");
 }
 

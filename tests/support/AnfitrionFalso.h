@@ -30,12 +30,18 @@ public:
         }
         return filas;
     }
+    const Listado& ListadoActual() const override { return listado; }
+    std::string RangoListado() const override {
+        return rellenos.empty() ? std::string() : TextoRango(rellenos.back(), listado, inicio, fin);
+    }
+    void Informar(const std::string& texto) override { informes.push_back(texto); }
     void RegistroCambiado() override { ++cambios; }
 
     // The calls listed by the last fill.
     const std::vector<int>& Listadas() const { return listado.indices; }
 
     std::vector<CriteriosFiltro> rellenos;
+    std::vector<std::string> informes;
     Listado listado;
     int cambios = 0;
     Fecha inicio;

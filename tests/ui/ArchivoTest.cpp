@@ -111,6 +111,9 @@ TEST_F(ArchivoTest, ArchivarBorrandoSacaLasLlamadasYRellenaLaRejilla) {
     EXPECT_EQ(anfitrion->cambios, 1);
     // La rejilla va del primer dia que queda (hoy, vacio) a hoy.
     EXPECT_EQ(anfitrion->rellenos.at(0).desde, Fecha::Crear(2026, 3, 20));
+    EXPECT_EQ(anfitrion->informes, std::vector<std::string>{"Se han archivado 3 llamadas en "
+                                                            "\"Copia000.CPR\" y se han quitado "
+                                                            "del registro."});
 }
 
 TEST_F(ArchivoTest, ArchivarHastaElPeriodoCerradoYConservar) {
@@ -194,6 +197,11 @@ TEST_F(ArchivoTest, RecuperarSustituyendoDejaSoloLaCopia) {
     EXPECT_EQ(registro->Dia(0), Fecha::Crear(2026, 1, 10));
     EXPECT_EQ(anfitrion->cambios, 1);
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia001.CPR"));
+    // The grid shows every call, January's included, and the user is told.
+    EXPECT_EQ(anfitrion->Listadas(), (std::vector<int>{0, 1}));
+    EXPECT_EQ(anfitrion->informes,
+              std::vector<std::string>{"Se han recuperado 2 llamadas de \"Copia000.CPR\". El "
+                                       "registro se muestra entero."});
 }
 
 TEST_F(ArchivoTest, VerNoTocaElRegistro) {
@@ -225,6 +233,9 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
         ElegirArchivo(*w, "Copia000.CPR");
         w->Siguiente();
         EXPECT_TRUE(Control<QRadioButton>(w.get(), "Option6")->isChecked());
+        EXPECT_EQ(Control<QLabel>(w.get(), "lConfirmar")->text(),
+                  "Se borrara definitivamente el archivo \"Copia000.CPR\" de su disco duro. "
+                  "¿Desea continuar?:");
         w->Finalizar(); // con "&No" no termina
         EXPECT_TRUE(fs::exists(dir / "Copias" / "Copia000.CPR"));
         Control<QRadioButton>(w.get(), "Option5")->setChecked(true);
@@ -234,6 +245,8 @@ TEST_F(ArchivoTest, BorrarPideSiYDejaElIndice) {
     }
     EXPECT_FALSE(fs::exists(dir / "Copias" / "Copia000.CPR"));
     EXPECT_EQ(Lineas(Indice()), 2); // el nombre sigue en el indice
+    EXPECT_EQ(anfitrion->informes,
+              std::vector<std::string>{"Se ha borrado el archivo \"Copia000.CPR\" del disco."});
 }
 
 TEST_F(ArchivoTest, ArchivoDanadoAvisaYNoAvanza) {

@@ -56,7 +56,8 @@ protected:
         EntornoVentana e;
         e.carpetaDatos = dir;
         e.carpetaPrograma = dir / "programa";
-        e.ejecutable = dir / "programa" / "vorimesk";
+        e.ejecutable = ejecutable.empty() ? dir / "programa" / "vorimesk" : ejecutable;
+        e.demostracion = demostracion;
         e.argumentos = {"--datos", dir.string()};
         e.plataforma = plataforma.Crear();
         e.logSinModem = dir / "sinmodem.txt";
@@ -68,6 +69,9 @@ protected:
 
     RelojFijo reloj{Fecha::Crear(2026, 3, 20, 12, 0, 0)};
     PlataformaPrueba plataforma;
+    // The program started, a build folder's unless a test says otherwise.
+    std::filesystem::path ejecutable;
+    bool demostracion = false;
 };
 
 } // namespace vorimesk::prueba

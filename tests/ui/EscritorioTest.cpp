@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStatusBar>
 
 using namespace vorimesk;
 using namespace vorimesk::prueba;
@@ -135,11 +136,21 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     Tick(*v, SistemaPrueba::kNada);
     EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
     EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Sin conexion.");
+    QApplication::processEvents();
+    const QRect medidor = MarcoMedidor(*v)->geometry();
+    const QRect boton = Control<QPushButton>(v.get(), "cmdConexion")->geometry();
     for (int i = 0; i < 10; ++i) {
         Tick(*v, SistemaPrueba::kConectado);
     }
     EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Conectado.");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
+    // During the call the panel keeps its layout: the entries stay, greyed
+    // out, and nothing moves.
+    QApplication::processEvents();
+    EXPECT_TRUE(Control<QListWidget>(v.get(), "listaConexiones")->isVisible());
+    EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
+    EXPECT_EQ(MarcoMedidor(*v)->geometry(), medidor);
+    EXPECT_EQ(Control<QPushButton>(v.get(), "cmdConexion")->geometry(), boton);
     Tick(*v, SistemaPrueba::kDesconectado);
     Tick(*v, SistemaPrueba::kNada);
     // The figures left are the last call's, and the panel says so.
@@ -148,6 +159,74 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     EXPECT_NE(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(),
               "00:00:00");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Ultima llamada");
+
+    // Dialling again clears them: the meter starts from nothing.
+    Control<QPushButton>(v.get(), "cmdConexion")->click();
+    Tick(*v, SistemaPrueba::kConectando);
+    EXPECT_EQ(Control<QLabel>(v.get(), "lTiempo")->text(), "00:00:00");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
+    EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
+}
+
+// With nothing to dial "Conectar" is off and says how to add a connection;
+// a dial that comes to nothing gives the button back with the reason.
+TEST_F(Escritorio, ConectarSinConexionesYMarcadoQueNoLlega) {
+    auto v = AbrirVisible();
+    auto* conectar = Control<QPushButton>(v.get(), "cmdConexion");
+    EXPECT_FALSE(conectar->isEnabled());
+    EXPECT_TRUE(conectar->toolTip().contains("/etc/ppp/peers"));
+    EXPECT_TRUE(conectar->toolTip().contains("NetworkManager"));
+    auto* estado = Control<QLabel>(v.get(), "lSinConexiones");
+    EXPECT_TRUE(estado->isVisible());
+    EXPECT_TRUE(estado->text().contains("/etc/ppp/peers"));
+    EXPECT_TRUE(estado->text().contains("NetworkManager"));
+
+    plataforma.sistema->entradas = {"Casa"};
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok); // "Hay conexiones nuevas en el sistema."
+    v->AlActivar();
+    EXPECT_TRUE(conectar->isEnabled());
+    EXPECT_FALSE(estado->isVisible());
+    Tick(*v, SistemaPrueba::kNada);
+    conectar->click();
+    for (int i = 0; i < 29; ++i) {
+        Tick(*v, SistemaPrueba::kNada);
+    }
+    EXPECT_TRUE(conectar->isChecked()); // 29 s: still waiting
+    Tick(*v, SistemaPrueba::kNada);
+    EXPECT_FALSE(conectar->isChecked());
+    EXPECT_EQ(conectar->text(), "Co&nectar");
+    EXPECT_EQ(v->statusBar()->currentMessage(),
+              "No se ha podido conectar con \"Casa\": no ha respondido en 30 segundos.");
+
+    // A refusal is told at once.
+    conectar->click();
+    plataforma.sistema->aviso = "pon: no existe el par \"Casa\".";
+    Tick(*v, SistemaPrueba::kNada);
+    EXPECT_FALSE(conectar->isChecked());
+    EXPECT_EQ(v->statusBar()->currentMessage(),
+              "No se ha podido conectar con \"Casa\": pon: no existe el par \"Casa\".");
+}
+
+// A tray that appears after the program (as at login) gets its icon; the
+// first close to it says where the program went, once.
+TEST_F(Escritorio, LaBandejaQueLlegaDespuesYElPrimerCierre) {
+    auto v = AbrirVisible();
+    ASSERT_EQ(v->Bandeja(), nullptr); // offscreen there is no tray
+    v->HayBandeja = [] { return true; };
+    v->BuscarBandeja();
+    ASSERT_NE(v->Bandeja(), nullptr);
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    v->close();
+    EXPECT_FALSE(v->isVisible());
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_TRUE(respuestas.Vistas()[0].texto.startsWith(
+        "Vorimesk sigue en marcha en la bandeja del sistema"));
+    v->RestaurarVentanas();
+    v->close();
+    EXPECT_FALSE(v->isVisible());
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
 }
 
 TEST_F(Escritorio, UnaLlamadaConTarifaDesconocidaLoDice) {

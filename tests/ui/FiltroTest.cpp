@@ -63,9 +63,13 @@ TEST_F(FiltroTest, AlAbrirTomaLosValoresYTodoQuedaApagado) {
     EXPECT_EQ(Control<QDateEdit>(&f, "fecDesde")->date(), QDate(2026, 3, 20));
     Control<QPushButton>(&f, "bTiempo")->click();
     EXPECT_TRUE(Control<QTimeEdit>(&f, "HoraTiempo")->isEnabled());
+    Control<QPushButton>(&f, "bTiempo")->click();
+    // The hour range starts as the whole day: ticked alone, it keeps every call.
+    Control<QPushButton>(&f, "bHora")->click();
+    EXPECT_EQ(Aplicar(f), (V{0, 1, 2, 3, 4}));
+    Control<QPushButton>(&f, "bHora")->click();
 
     // Con todo apagado, "&Aplicar" lista todo pero con el periodo vacio.
-    Control<QPushButton>(&f, "bTiempo")->click();
     EXPECT_EQ(Aplicar(f), (V{0, 1, 2, 3, 4}));
     EXPECT_EQ(anfitrion->listado.Periodo, "");
     const CriteriosFiltro& c = anfitrion->rellenos.back();
@@ -109,8 +113,14 @@ TEST_F(FiltroTest, CadaBotonPasaSuCriterio) {
 TEST_F(FiltroTest, SuprimirVuelveAlPeriodoYVerTodosLoQuitaTodo) {
     fFiltro f(*anfitrion, reloj);
     Control<QPushButton>(&f, "bTipo")->click();
+    Control<QPushButton>(&f, "bDia")->click();
     Aplicar(f);
+    EXPECT_EQ(Control<QPushButton>(&f, "cmdSuprimir")->toolTip(), "Quitar el filtro");
     Control<QPushButton>(&f, "cmdSuprimir")->click();
+    // The toggles go with the filter.
+    EXPECT_FALSE(Control<QPushButton>(&f, "bTipo")->isChecked());
+    EXPECT_FALSE(Control<QPushButton>(&f, "bDia")->isChecked());
+    EXPECT_FALSE(Control<QComboBox>(&f, "Combo4")->isEnabled());
     const CriteriosFiltro& c = anfitrion->rellenos.back();
     EXPECT_EQ(std::tuple(c.desde, c.hasta),
               std::tuple(Fecha::Crear(2026, 3, 3), Fecha::Crear(2026, 3, 20)));
@@ -132,7 +142,8 @@ TEST_F(FiltroTest, PeriodoElegidoEnElSelectorLlenaLasFechas) {
         for (int i = 0; i < Control<QComboBox>(selector, "cmbAño")->count(); ++i) {
             años << Control<QComboBox>(selector, "cmbAño")->itemText(i);
         }
-        selector->Elegir(Control<QListWidget>(selector, "lvPer")->item(0));
+        Control<QListWidget>(selector, "lvPer")->setCurrentRow(0);
+        Control<QPushButton>(selector, "cmdAceptar")->click();
     });
     Control<QPushButton>(&f, "cmdPeriodos")->click();
     // El selector recibio lo que el filtro guardaba: periodos desde 2025.

@@ -63,13 +63,16 @@ TEST_F(GraficoTest, ListasYPuntosSegunLaVista) {
     fGrafico g(*registro, reloj);
     g.resize(900, 500);
     EXPECT_TRUE(Control<QComboBox>(&g, "Combo1")->isHidden());
-    ASSERT_EQ(g.Puntos().size(), 15u);
+    ASSERT_EQ(g.Puntos().size(), 2u); // 2025 y 2026, los años con llamadas
     EXPECT_EQ(g.Puntos()[1].valor, 4.0F);
 
     Control<QRadioButton>(&g, "Option1_1")->click();
     EXPECT_FALSE(Control<QComboBox>(&g, "Combo1")->isHidden());
     EXPECT_EQ(Elementos(Control<QComboBox>(&g, "Combo1")), (QStringList{"2025", "2026"}));
     EXPECT_EQ(g.Puntos().size(), 12u);
+    // Each month adds up both years, and the title says so.
+    EXPECT_EQ(Control<QChartView>(&g, "Graph1")->chart()->title(),
+              "Llamadas por mes (todos los años)");
 
     Control<QRadioButton>(&g, "Option1_2")->click();
     EXPECT_EQ(Control<QComboBox>(&g, "Combo1")->currentText(), "Marzo 2026");

@@ -81,8 +81,8 @@ TEST_F(ImprimirTest, RegistroYTarifasEnSusColumnas) {
     const int titulo = Buscar(l, "Registro de llamadas");
     ASSERT_GE(titulo, 0);
     const std::size_t margen = l[titulo].find("Registro");
-    EXPECT_EQ(l[titulo + 1].substr(margen),
-              "Periodo desde el 16/02/2026 hasta el 15/03/2026 23:59:59");
+    // The header names the range the grid lists, here the whole register.
+    EXPECT_EQ(l[titulo + 1].substr(margen), "Todo el registro (16/01/2026 - 20/03/2026)");
     const std::string& cabecera = l[titulo + 2];
     const char* titulos[] = {"Dia",  "Hora", "Duracion", "Coste",      "Tarifa",
                              "Tipo", "Bono", "Conexion", "Kbs Recibi", "Kbs Enviad"};
@@ -103,9 +103,25 @@ TEST_F(ImprimirTest, RegistroYTarifasEnSusColumnas) {
         EXPECT_EQ(l[i].substr(margen + 71, fila[6].size()), fila[6]);
     }
 
+    // The totals close the register; every page has its number.
+    const int totales =
+        Buscar(l, "Llamadas: " + std::to_string(anfitrion->Listadas().size()) + " ");
+    ASSERT_GT(totales, titulo);
+    std::vector<std::string> pies;
+    for (const std::string& linea : l) {
+        if (const auto p = linea.find("Pagina "); p != std::string::npos) {
+            pies.push_back(linea.substr(p));
+        }
+    }
+    ASSERT_GE(pies.size(), 2u);
+    for (std::size_t n = 0; n < pies.size(); ++n) {
+        EXPECT_EQ(pies[n],
+                  "Pagina " + std::to_string(n + 1) + " de " + std::to_string(pies.size()));
+    }
+
     // The tariffs follow, their lines as the register's report tests them.
     const int tarifas = Buscar(l, "Tarifas");
-    ASSERT_GT(tarifas, titulo);
+    ASSERT_GT(tarifas, totales);
     EXPECT_EQ(l[tarifas + 1].substr(margen), "Metropolitana");
     EXPECT_EQ(l[tarifas + 4].substr(margen + 39), "Semana tarifa reducida");
 }

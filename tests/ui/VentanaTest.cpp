@@ -7,6 +7,7 @@
 #include "ui/Mensajes.h"
 #include "ui/SenalesTerminar.h"
 
+#include <QStatusBar>
 #include <QTableView>
 #include <csignal>
 
@@ -56,18 +57,59 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     EXPECT_EQ(Control<QLabel>(v.get(), "lGastoReg")->text(), "126 ");
     // The summary is tab 0, shown at load.
     EXPECT_EQ(Control<QTabWidget>(v.get(), "SSTab1")->currentIndex(), fMain::kResumen);
-    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "06/03/2026 - 20/03/2026");
+    // The whole billing period (the walk from the first call, 05/01, cuts
+    // monthly on the 5th), the days left to its end, and the range the
+    // totals sum.
+    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "06/03/2026 - 05/04/2026");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "16");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lRangoTotales")->text(),
+              "Periodo de facturacion (06/03/2026 - 20/03/2026)");
     EXPECT_EQ(Control<QLabel>(v.get(), "lGastoPer")->text(), "126 ");
-    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "26"); // hasta el 15/04
+    EXPECT_TRUE(Control<QLabel>(v.get(), "lGastadoPrev")->text().endsWith("(dia 15 de 31)"));
+    // "Ver todos": the totals say they are the whole register's.
+    v->RellenaGrid({});
+    EXPECT_EQ(Control<QLabel>(v.get(), "lRangoTotales")->text(),
+              "Todo el registro (05/01/2026 - 20/03/2026)");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lLlamadas")->text(), "5");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "06/03/2026 - 05/04/2026");
 
-    // Modem, start at login; nothing is written at load.
+    // Modem; nothing is written at load, the login entry of a build
+    // folder's program neither.
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
-    EXPECT_TRUE(plataforma.carga->Activada());
-    // With the options it was started with, so the login start opens this
-    // same data folder.
-    EXPECT_EQ(plataforma.carga->Argumentos(), (std::vector<std::string>{"--datos", dir.string()}));
+    EXPECT_FALSE(plataforma.carga->Activada());
     EXPECT_EQ(Leer(dir / "Varibles.Dat"), EscribirTextoVariables(AjustesCon()));
     EXPECT_FALSE(Existe(dir / "RegDat.bak"));
+}
+
+// Only the installed program starts at login, and only once the user said
+// so: the first time it would, it asks.
+TEST_F(Ventana, LaCargaAlIniciarEsDelProgramaInstaladoYSePreguntaUnaVez) {
+    EXPECT_EQ(Control<QCheckBox>(Abrir().get(), "Check7")->text(), "Cargar al iniciar la sesion.");
+    ejecutable = "/usr/bin/vorimesk";
+    demostracion = true;
+    Abrir();
+    EXPECT_FALSE(plataforma.carga->Activada()); // ni la demostracion ni la carpeta de compilacion
+
+    demostracion = false;
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::No);
+    auto v = Abrir();
+    ASSERT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_EQ(respuestas.Vistas()[0].texto.toStdString(),
+              "¿Desea que Vorimesk se cargue cada vez que inicie la sesion?\nSe puede cambiar "
+              "cuando quiera en Opciones, \"Cargar al iniciar la sesion.\"");
+    EXPECT_FALSE(plataforma.carga->Activada());
+    EXPECT_FALSE(Control<QCheckBox>(v.get(), "Check7")->isChecked());
+    EXPECT_FALSE(Existe(dir / "Varibles.Dat")); // the answer is saved at exit, as the option
+    v.reset();
+
+    // Asked once: with the option ticked again, the entry is written silently,
+    // with the options this start had.
+    EscribirAjustes(ValoresPorDefecto());
+    Abrir();
+    EXPECT_EQ(respuestas.Vistas().size(), 1u);
+    EXPECT_TRUE(plataforma.carga->Activada());
+    EXPECT_EQ(plataforma.carga->Argumentos(), (std::vector<std::string>{"--datos", dir.string()}));
 }
 
 TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
@@ -76,9 +118,12 @@ TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
     // The register file is created empty; the settings are the defaults.
     EXPECT_TRUE(Existe(dir / "RegDat.log"));
     EXPECT_FALSE(Existe(dir / "Varibles.Dat"));
-    EXPECT_TRUE(plataforma.carga->Activada()); // "Cargar al iniciar" viene marcado
+    EXPECT_TRUE(Control<QCheckBox>(v.get(), "Check7")->isChecked()); // viene marcado
     EXPECT_EQ(Control<QLabel>(v.get(), "lDuracionReg")->text(), "");
-    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "20/03/2026 - 20/03/2026");
+    // A first run: period, days left and forecast tell the same period.
+    EXPECT_EQ(Control<QLabel>(v.get(), "lPeriodo")->text(), "20/03/2026 - 01/04/2026");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "12");
+    EXPECT_TRUE(Control<QLabel>(v.get(), "lGastadoPrev")->text().endsWith("(dia 1 de 13)"));
     EXPECT_EQ(Control<QListWidget>(v.get(), "listaConexiones2")->item(0)->text(),
               "No hay conexiones disponibles.");
     EXPECT_FALSE(Control<QComboBox>(v.get(), "cmbTarifa")->isEnabled());
@@ -229,7 +274,7 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
 
     AnexarModemLog(log, BloqueSubida(reloj.Ahora(), {"ppp0", "/dev/ttyS0", "Casa", ""}));
     tick(SistemaPrueba::kConectado);
-    EXPECT_TRUE(Control<QListWidget>(v.get(), "listaConexiones")->isHidden());
+    EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
     for (int i = 0; i < 40; ++i) {
         tick(SistemaPrueba::kConectado);
     }
@@ -245,7 +290,7 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
 
     AnexarModemLog(log, BloqueBajada(reloj.Ahora(), {4096, 2048}));
     tick(SistemaPrueba::kDesconectado);
-    EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isHidden());
+    EXPECT_TRUE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
     // The call is in the file and in the grid of the period.
     Log guardado(dir);
     guardado.CargarLog();
@@ -253,6 +298,8 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     EXPECT_EQ(Control<TabRegistro>(v.get(), "TabRegistro")->Modelo().index(0, 7).data().toString(),
               "Casa");
     EXPECT_FALSE(Existe(log));
+    // The summary, open all along, counts it at once.
+    EXPECT_EQ(Control<QLabel>(v.get(), "lLlamadas")->text(), "1");
 }
 
 TEST_F(Ventana, ExportarGuardaLoQueListaLaRejilla) {
@@ -271,6 +318,8 @@ TEST_F(Ventana, ExportarGuardaLoQueListaLaRejilla) {
         ASSERT_TRUE(Control<TabRegistro>(v.get(), "TabRegistro")->Exportar()) << nombre;
         // The same writer as "vorimesk-cli exportar".
         EXPECT_EQ(Leer(ruta), TextoExportado(r, {1, 2}, FormatoDeArchivo(ruta))) << nombre;
+        EXPECT_EQ(v->statusBar()->currentMessage().toStdString(),
+                  "Se han exportado 2 llamadas a " + ruta.string() + ".");
     }
     EXPECT_NE(Leer(dir / "llamadas.csv").find("2026-03-05;12:00:00"), std::string::npos);
     EXPECT_EQ(nlohmann::json::parse(Leer(dir / "llamadas.JSON"))["llamadas"].size(), 2u);

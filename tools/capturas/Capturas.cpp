@@ -51,9 +51,12 @@ struct Datos {
     cLlamada libro{carpeta};
     cBono bono{reloj};
     std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
+    // Calls from January 2025 to March 2026, for the graphs over years.
+    Log variosAños{carpeta / "varios"};
 
     Datos() {
         prueba::LlenarConLlamadas(registro, carpeta, Fecha::Crear(2026, 1, 1), 79);
+        prueba::LlenarConLlamadas(variosAños, carpeta / "varios", Fecha::Crear(2025, 1, 5), 435);
         libro.Load();
         bono.DiaFactura(15);
         anfitrion = std::make_unique<prueba::AnfitrionFalso>(registro, libro, reloj.Hoy());
@@ -192,6 +195,14 @@ std::vector<Captura> Capturas() {
         {"grafico-diario-area", [](Datos& d) { return Grafico(d, 2, 3, 1, 2); }},
         {"grafico-diario-barras3d", [](Datos& d) { return Grafico(d, 2, 1, 0, 0); }},
         {"grafico-mensual-tiempo-barras2d", [](Datos& d) { return Grafico(d, 1, 0, 2); }},
+        {"grafico-mensual-todos-los-anos",
+         [](Datos& d) {
+             auto g = std::make_unique<fGrafico>(d.variosAños, d.reloj);
+             g->findChild<QRadioButton*>("Option1_1")->click();
+             return g;
+         }},
+        {"grafico-anual-varios-anos",
+         [](Datos& d) { return std::make_unique<fGrafico>(d.variosAños, d.reloj); }},
         // Shown, then back to the yearly view: the window keeps its size.
         {"grafico-anual-tras-diario",
          [](Datos& d) {

@@ -173,6 +173,11 @@ bool CapturarVentana(const QString& carpeta) {
     entorno.reloj = &kReloj;
     fMain ventana(entorno);
     ventana.Cargar();
+    PlataformaPrueba vacia;
+    vacia.sistema->modems = plataforma.sistema->modems;
+    EntornoVentana entornoVacio = entorno;
+    entornoVacio.plataforma = vacia.Crear();
+    fMain sinConexiones(entornoVacio);
 
     auto* SSTab1 = ventana.findChild<QTabWidget*>("SSTab1");
     auto* mnuOne = ventana.findChild<QMenu*>("mnuOne");
@@ -242,6 +247,32 @@ bool CapturarVentana(const QString& carpeta) {
                  return propio(Caja(QMessageBox::Critical, avisos::kTituloSinModem,
                                     avisos::kTextoSinModem, QMessageBox::Ok));
              }},
+            {"aviso-carga-al-iniciar",
+             [&] {
+                 return propio(Caja(QMessageBox::Question, avisos::kTituloCargaAlIniciar,
+                                    avisos::kTextoCargaAlIniciar,
+                                    QMessageBox::Yes | QMessageBox::No));
+             }},
+            {"aviso-sigue-en-bandeja",
+             [&] {
+                 return propio(Caja(QMessageBox::Information, "Vorimesk",
+                                    avisos::kTextoSigueEnBandeja, QMessageBox::Ok));
+             }},
+            // "Ver todos": the totals name the whole register, the period
+            // block stays the billing period.
+            {"principal-resumen-ver-todos",
+             [&] {
+                 ventana.RellenaGrid({});
+                 SSTab1->setCurrentIndex(fMain::kResumen);
+                 return static_cast<QWidget*>(&ventana);
+             }},
+            // A system with nothing to dial: "Conectar" is off and the status
+            // line says how to add a connection.
+            {"principal-sin-conexiones",
+             [&] {
+                 sinConexiones.Cargar();
+                 return static_cast<QWidget*>(&sinConexiones);
+             }},
         });
 
     // A call to "Casa" twelve minutes in, with the mini window and the tray
@@ -305,6 +336,10 @@ bool CapturarVentana(const QString& carpeta) {
         }
         if (w != &ventana) {
             w->hide();
+        }
+        if (w == &sinConexiones) {
+            ventana.RellenaGrid(
+                CriteriosFiltro::Periodo(ventana.InicioPeriodo(), ventana.FinPeriodo()));
         }
     }
     return true;
