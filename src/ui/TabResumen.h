@@ -23,7 +23,7 @@ struct ResumenPeriodo {
     Fecha inicio;
     Fecha fin;
     cTiempo tiempo;
-    std::int32_t coste = 0;
+    double coste = 0.0;
     std::int16_t llamadas = 0;
     int diasQuedan = 0;
 };

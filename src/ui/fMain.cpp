@@ -297,7 +297,7 @@ void fMain::MostrarResumen() {
     r.inicio = datos_.InicioPeriodo;
     r.fin = datos_.FinPeriodo;
     r.tiempo = listado_.TotalTiempo;
-    r.coste = listado_.TotalCoste;
+    r.coste = static_cast<double>(listado_.TotalCentimos) / 100.0;
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = DiasHastaFacturacion(datos_.RelojPrograma.Hoy(), datos_.Bono.DiaFactura());
     tabResumen->Mostrar(r);
