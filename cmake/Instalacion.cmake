@@ -20,16 +20,24 @@ install(DIRECTORY data/ayuda/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vorimesk/ayud
 # vorimesk-vigilar); systemd looks in <prefix>/lib/systemd/user for /usr and
 # /usr/local alike.
 install(FILES data/systemd/vorimesk-vigilar.service DESTINATION lib/systemd/user)
-# Manual pages go compressed, as Debian keeps them.
-set(_manual ${CMAKE_BINARY_DIR}/man/vorimesk-cli.1.gz)
-add_custom_command(
-  OUTPUT ${_manual}
-  COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/man
-  COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/data/man/vorimesk-cli.1 > ${_manual}
-  DEPENDS ${PROJECT_SOURCE_DIR}/data/man/vorimesk-cli.1
-  COMMENT "Comprimiendo la pagina de manual")
-add_custom_target(pagina_manual ALL DEPENDS ${_manual})
-install(FILES ${_manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# Manual pages and the changelog go compressed, as Debian keeps them.
+set(_comprimidos)
+foreach(_fuente man/vorimesk.1 man/vorimesk-cli.1 man/pelmorad.1 debian/changelog)
+  get_filename_component(_nombre ${_fuente} NAME)
+  set(_gz ${CMAKE_BINARY_DIR}/man/${_nombre}.gz)
+  add_custom_command(
+    OUTPUT ${_gz}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/man
+    COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/data/${_fuente} > ${_gz}
+    DEPENDS ${PROJECT_SOURCE_DIR}/data/${_fuente}
+    COMMENT "Comprimiendo ${_nombre}")
+  list(APPEND _comprimidos ${_gz})
+endforeach()
+add_custom_target(pagina_manual ALL DEPENDS ${_comprimidos})
+install(FILES ${CMAKE_BINARY_DIR}/man/vorimesk.1.gz ${CMAKE_BINARY_DIR}/man/vorimesk-cli.1.gz
+              ${CMAKE_BINARY_DIR}/man/pelmorad.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${CMAKE_BINARY_DIR}/man/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk)
 install(FILES data/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vorimesk)
 # The pppd hook's journal: made at boot with its owner and mode, and pruned.
 install(FILES data/tmpfiles/vorimesk.conf DESTINATION lib/tmpfiles.d)
@@ -52,8 +60,9 @@ set(CPACK_PACKAGE_NAME vorimesk)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "Equipo Vorimesk <equipo@vorimesk.es>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "contador de coste de las conexiones a Internet por modem")
+# Debian wants the long description in lines of at most 80 characters.
 set(CPACK_PACKAGE_DESCRIPTION
-    "Vigila el enlace PPP, cronometra y tarifica cada llamada con las tarifas del\n usuario, guarda un registro de llamadas y lo filtra, grafica, imprime y archiva.")
+    "Vigila el enlace PPP, cronometra y tarifica cada llamada con las tarifas\ndel usuario, guarda un registro de llamadas y lo filtra, grafica, imprime\ny archiva.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

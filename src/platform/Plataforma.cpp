@@ -125,8 +125,12 @@ Plataforma CrearPlataforma(const OpcionesPlataforma& o) {
     if (o.guion) {
         p.origen = OrigenSimulado(o);
     }
-    p.instancia = std::make_shared<InstanciaUnicaFlock>(InstanciaUnicaFlock::Ruta(o.carpetaDatos));
+    p.instancia = CrearInstanciaUnica(o.carpetaDatos);
     return p;
+}
+
+std::shared_ptr<InstanciaUnica> CrearInstanciaUnica(const std::filesystem::path& carpetaDatos) {
+    return std::make_shared<InstanciaUnicaFlock>(InstanciaUnicaFlock::Ruta(carpetaDatos));
 }
 
 std::string OrigenConexiones(const OpcionesPlataforma& o) {

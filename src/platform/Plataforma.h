@@ -66,6 +66,10 @@ inline constexpr const char* kModemLogSimulado = "ModemLogSimulado.txt";
 // Throws ErrorArchivo or Error (Spanish) when the script cannot be read.
 Plataforma CrearPlataforma(const OpcionesPlataforma& opciones);
 
+// The single-instance lock of a data folder alone, for a program that must
+// not change the folder's files while a meter holds them (the tariff editor).
+std::shared_ptr<InstanciaUnica> CrearInstanciaUnica(const std::filesystem::path& carpetaDatos);
+
 // The line Plataforma::origen would hold, without starting the platform.
 std::string OrigenConexiones(const OpcionesPlataforma& opciones);
 

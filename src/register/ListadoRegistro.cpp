@@ -2,6 +2,7 @@
 
 #include "Importe.h"
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -93,13 +94,25 @@ std::int32_t CosteMostrado(const Log& r, int i, const OpcionesCoste& o) {
     return static_cast<std::int32_t>(redondeado);
 }
 
+std::int64_t CentimosMostrados(const Log& r, int i, const OpcionesCoste& o) {
+    float coste = LeerImporte(r.importe(i));
+    if (o.AnadirImpuestos) {
+        coste *= o.Impuestos / 100.0F + 1.0F;
+    }
+    const double centimos = std::round(static_cast<double>(coste) * 100.0);
+    if (!(std::fabs(centimos) < 9.0e18)) {
+        throw ErrorDesbordamiento("el coste de una llamada no cabe en el registro");
+    }
+    return static_cast<std::int64_t>(centimos);
+}
+
 std::array<std::string, 10> CeldasLlamada(const Log& r, int i, const OpcionesCoste& o) {
     const Fecha hora = r.Hora(i);
     const std::string horaTexto = Fecha::DesdeSegundos(hora.SegundosDelDia()).TextoIso().substr(11);
     return {r.Dia(i).SoloFecha().TextoCorto(),
             horaTexto,
             r.Duracion(i),
-            std::to_string(CosteMostrado(r, i, o)),
+            TextoDinero(static_cast<double>(CentimosMostrados(r, i, o)) / 100.0),
             r.Tarifa(i),
             r.Banda(i) == 1 ? "Reducida" : "Normal",
             r.Bono(i) != 0 ? "Si" : "No",
@@ -126,6 +139,7 @@ Listado ListarRegistro(const Log& r, const CriteriosFiltro& c, const TipoDiaDe& 
         l.indices.push_back(i);
         l.TotalTiempo.Sumar(r.Duracion(i));
         coste += CosteMostrado(r, i, o);
+        l.TotalCentimos += CentimosMostrados(r, i, o);
         if (coste > std::numeric_limits<std::int32_t>::max() ||
             coste < std::numeric_limits<std::int32_t>::min()) {
             throw ErrorDesbordamiento("el gasto total no cabe en 32 bits");

@@ -51,9 +51,14 @@ struct OpcionesCoste {
     float Impuestos = 0.0F; // percentage
 };
 
-// The cost column: the register amount, with taxes when they are added,
-// rounded to a whole number with halves away from zero (as a bill rounds).
+// The register amount with taxes when they are added, rounded to a whole
+// number with halves away from zero (as a bill rounds).
 std::int32_t CosteMostrado(const Log& registro, int i, const OpcionesCoste& opciones);
+
+// The cost column, in cents: the register amount with taxes worked out in
+// single precision as the live meter does, so a call shows the same figure
+// in both; halves away from zero.
+std::int64_t CentimosMostrados(const Log& registro, int i, const OpcionesCoste& opciones);
 
 // The ten cells of a grid row: "Dia", "Hora", "Duracion", "Coste", "Tarifa",
 // "Tipo", "Bono", "Conexion", "Kbs Recibidos", "Kbs Enviados".
@@ -68,8 +73,9 @@ struct Listado {
     std::vector<int> indices; // the calls listed, in register order
     std::int16_t NumeroLlamadas = 0;
     cTiempo TotalTiempo;
-    std::int32_t TotalCoste = 0; // throws ErrorDesbordamiento past 32 bits
-    std::string Periodo;         // "desde - hasta", empty when a date is off
+    std::int32_t TotalCoste = 0;    // throws ErrorDesbordamiento past 32 bits
+    std::int64_t TotalCentimos = 0; // the cost column's cents, summed
+    std::string Periodo;            // "desde - hasta", empty when a date is off
 };
 
 // Walks the whole register and lists the calls that pass, with their totals.

@@ -55,6 +55,17 @@ std::string Log::Duracion(int i) const {
 std::string Log::importe(int i) const {
     return En(i).importe.Recortado();
 }
+int Log::RenombrarTarifa(std::string_view viejo, std::string_view nuevo) {
+    int cambiadas = 0;
+    for (RegistroLlamada& r : registros_) {
+        if (r.Tarifa.Recortado() == viejo) {
+            r.Tarifa.Poner(nuevo);
+            ++cambiadas;
+        }
+    }
+    return cambiadas;
+}
+
 std::string Log::Tarifa(int i) const {
     return En(i).Tarifa.Recortado();
 }

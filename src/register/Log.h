@@ -107,6 +107,10 @@ public:
     void AñadirItem(const RegistroLlamada& registro);
     // Empties the register, as a fresh read of the modem log starts.
     void Vaciar() { BorrarLog(); }
+    // Gives every call of tariff `viejo` the tariff `nuevo` (cut or padded
+    // to the field), after the tariff is renamed; the rest of each record
+    // keeps its bytes. The number of calls changed.
+    int RenombrarTarifa(std::string_view viejo, std::string_view nuevo);
 
     // Appends the calls of the modem log at NombreLog, each priced with the
     // tariff book of the data folder (default tariff "Metropolitana"), the

@@ -3,6 +3,7 @@
 #include "tariff/PeriodosFacturacion.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vorimesk {
 
@@ -17,13 +18,15 @@ PrevisionPeriodo Prever(const Log& registro, const DatosPrevision& datos, Fecha 
     p.DiasPeriodo = static_cast<int>(p.Fin.Dias() - p.Inicio.Dias()) + 1;
     p.DiasTranscurridos = static_cast<int>(hoy.Dias() - p.Inicio.Dias()) + 1;
     p.DiasQuedan = p.DiasPeriodo - p.DiasTranscurridos;
+    std::int64_t centimos = 0; // summed as the grid shows each call
     for (int i = 0; i < registro.Count(); ++i) {
         const Fecha dia = registro.Dia(i).SoloFecha();
         if (p.Inicio <= dia && dia <= hoy) {
-            p.Gastado += CosteMostrado(registro, i, datos.Coste);
+            centimos += CentimosMostrados(registro, i, datos.Coste);
             ++p.Llamadas;
         }
     }
+    p.Gastado = static_cast<double>(centimos) / 100.0;
     p.Proyeccion = p.Gastado * p.DiasPeriodo / p.DiasTranscurridos;
     p.Presupuesto = datos.Presupuesto;
     if (p.Presupuesto) {

@@ -2,6 +2,7 @@
 
 #include "core/Archivo.h"
 #include "core/ErrorFormato.h"
+#include "core/FormatoNumero.h"
 
 #include <cctype>
 #include <charconv>
@@ -30,9 +31,9 @@ std::string TextoCantidad(double cantidad) {
     return std::string(texto, r.ptr);
 }
 
-} // namespace
-
-std::optional<double> LeerTextoPresupuesto(std::string_view texto) {
+// The file's own form: "." (or "," by hand) as the decimal point, never a
+// thousands mark, so "1.125" stays one and an eighth.
+std::optional<double> LeerCantidadArchivo(std::string_view texto) {
     std::string limpio(SinBlancos(texto));
     bool separador = false;
     bool cifras = false;
@@ -62,6 +63,13 @@ std::optional<double> LeerTextoPresupuesto(std::string_view texto) {
     return cantidad;
 }
 
+} // namespace
+
+std::optional<double> LeerTextoPresupuesto(std::string_view texto) {
+    const std::optional<std::string> numero = NumeroEscrito(texto);
+    return numero ? LeerCantidadArchivo(*numero) : std::nullopt;
+}
+
 std::optional<double> LeerPresupuesto(const fs::path& carpeta) {
     const fs::path ruta = carpeta / kArchivoPresupuesto;
     std::error_code ec;
@@ -72,7 +80,7 @@ std::optional<double> LeerPresupuesto(const fs::path& carpeta) {
     if (SinBlancos(texto).empty()) {
         return std::nullopt;
     }
-    const std::optional<double> cantidad = LeerTextoPresupuesto(texto);
+    const std::optional<double> cantidad = LeerCantidadArchivo(texto);
     if (!cantidad) {
         throw ErrorFormato(ruta.string(),
                            "no tiene un presupuesto valido (una cantidad mayor que 0)", 1);

@@ -13,9 +13,9 @@ namespace vorimesk {
 
 inline constexpr std::string_view kArchivoPresupuesto = "Presupuesto.Dat";
 
-// An amount as the user writes it: digits with an optional "." or ","
-// fraction, blanks around allowed. Nullopt for anything else, and for 0 or
-// less: a budget has to allow some spending.
+// An amount as the user writes it (see NumeroEscrito: "1.500,50", "1500.5").
+// Nullopt for anything else, and for 0 or less: a budget has to allow some
+// spending.
 std::optional<double> LeerTextoPresupuesto(std::string_view texto);
 
 // The budget of the data folder; nullopt when there is none. Throws

@@ -5,6 +5,7 @@
 #include "core/Errores.h"
 #include "core/Texto1252.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace vorimesk {
@@ -65,6 +66,23 @@ const TarifaEditable& LibroEditable::Tarifa(int i) const {
 TarifaEditable& LibroEditable::Tarifa(int i) {
     Comprobar(i);
     return tarifas_[static_cast<std::size_t>(i)];
+}
+
+std::vector<std::pair<std::string, std::string>> LibroEditable::Renombradas() const {
+    std::vector<std::pair<std::string, std::string>> cambios;
+    for (const TarifaEditable& t : tarifas_) {
+        const auto leido = t.NombreLeido();
+        if (!leido || leido->empty() || *leido == t.Nombre() || Usado(*leido)) {
+            continue;
+        }
+        const auto herederas = std::count_if(tarifas_.begin(), tarifas_.end(), [&](const auto& o) {
+            return o.NombreLeido() == leido;
+        });
+        if (herederas == 1) {
+            cambios.emplace_back(*leido, t.Nombre());
+        }
+    }
+    return cambios;
 }
 
 int LibroEditable::Agregar(TarifaEditable tarifa) {

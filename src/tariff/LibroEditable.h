@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vorimesk {
@@ -37,6 +38,11 @@ public:
     void Eliminar(int i);
     // Moves tariff i to position `destino`, the others closing up.
     int Mover(int i, int destino);
+
+    // The tariffs whose name changed since the book was read, as {old, new}:
+    // only when no tariff keeps the old name and no other one was read
+    // under it (a copy), so the calls of the old name have one heir.
+    std::vector<std::pair<std::string, std::string>> Renombradas() const;
 
     // `base` itself when no tariff has that name and it fits the file's 15
     // characters; otherwise `base` cut short enough for " 2", " 3", ... to

@@ -1,6 +1,7 @@
 #include "TarifaEditable.h"
 
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
 #include "core/Texto1252.h"
 #include "core/cTiempo.h"
 
@@ -69,8 +70,49 @@ void TarifaEditable::Valor(std::string_view clave, std::string texto) {
     textos_[Posicion(clave)] = std::move(texto);
 }
 
+namespace {
+
+bool EsClaveDeImporte(std::string_view clave) {
+    return clave.ends_with(".Importe");
+}
+
+// Digits with at most one "." as the decimal point: an amount as the file
+// holds it.
+bool EsImporteLlano(std::string_view t) {
+    return !t.empty() && std::count(t.begin(), t.end(), '.') <= 1 &&
+           std::all_of(t.begin(), t.end(),
+                       [](char c) { return c == '.' || (c >= '0' && c <= '9'); }) &&
+           t != ".";
+}
+
+} // namespace
+
+std::string TarifaEditable::ValorMostrado(std::string_view clave) const {
+    std::string texto = Valor(clave);
+    if (EsClaveDeImporte(clave) && EsImporteLlano(Recortar(texto))) {
+        std::replace(texto.begin(), texto.end(), '.', ',');
+    }
+    return texto;
+}
+
+void TarifaEditable::ValorEscrito(std::string_view clave, std::string texto) {
+    if (EsClaveDeImporte(clave)) {
+        if (auto numero = NumeroEscrito(texto)) {
+            texto = std::move(*numero);
+        }
+    }
+    Valor(clave, std::move(texto));
+}
+
 std::string TarifaEditable::Nombre() const {
     return Recortar(Valor("Nombre"));
+}
+
+std::optional<std::string> TarifaEditable::NombreLeido() const {
+    if (!original_) {
+        return std::nullopt;
+    }
+    return Recortar(original_->Texto("Nombre"));
 }
 
 std::string TarifaEditable::Clave(int tipoDia, int franja, std::string_view campo) {

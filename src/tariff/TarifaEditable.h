@@ -31,8 +31,18 @@ public:
     // any other.
     const std::string& Valor(std::string_view clave) const;
     void Valor(std::string_view clave, std::string texto);
+    // What the editor's field shows: an amount with "," as the decimal
+    // point ("2,5"), as a Spanish user reads and types it back.
+    std::string ValorMostrado(std::string_view clave) const;
+    // What the user typed into a field: an amount in any form NumeroEscrito
+    // reads ("1.500,50", "1,2") is kept written plainly, as the file holds
+    // it; anything else as typed, for the checks to tell what is wrong.
+    void ValorEscrito(std::string_view clave, std::string texto);
+
     // The name as it is stored and looked up: blanks at both ends go.
     std::string Nombre() const;
+    // The name of the record it was read from; nothing for a new tariff.
+    std::optional<std::string> NombreLeido() const;
 
     // The band limits of a day type 0-2; nothing while one of its four
     // times is not a clock time.

@@ -142,10 +142,7 @@ private:
             return;
         }
         if (!EsImporte(texto)) {
-            const bool coma = texto.find(',') != std::string::npos;
-            Poner(Gravedad::Error, clave,
-                  de + " no es un numero" +
-                      (coma ? ": use el punto para los decimales (2.5, no 2,5)." : "."));
+            Poner(Gravedad::Error, clave, de + " no es un numero (se escribe 2,5 o 1.500,25).");
             return;
         }
         if (texto.size() > kAnchoImporte) {

@@ -1,37 +1,65 @@
 #include "AvisoCampo.h"
 
 #include <QPainter>
-#include <QTextLayout>
+#include <algorithm>
 
 namespace vorimesk {
+namespace {
+
+constexpr int kMargen = 2;
+constexpr int kBanderas = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
+
+} // namespace
 
 AvisoCampo::AvisoCampo(int lineasVisibles, QWidget* padre)
     : QWidget(padre), visibles_(lineasVisibles) {
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QSizePolicy politica(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    politica.setHeightForWidth(true);
+    setSizePolicy(politica);
 }
 
 void AvisoCampo::Mostrar(const QStringList& lineas, bool error) {
-    lineas_ = lineas;
+    // Errors before warnings, each group in the order the checks gave.
+    QStringList ordenadas;
+    for (const QString& l : lineas) {
+        if (l.startsWith("Error")) {
+            ordenadas << l;
+        }
+    }
+    for (const QString& l : lineas) {
+        if (!l.startsWith("Error")) {
+            ordenadas << l;
+        }
+    }
+    lineas_ = ordenadas;
     error_ = error;
-    setToolTip(lineas.join('\n'));
+    setToolTip(lineas_.join('\n'));
     setAccessibleDescription(toolTip());
+    updateGeometry();
     update();
 }
 
 QString AvisoCampo::Resumen() const {
-    if (lineas_.isEmpty()) {
-        return {};
+    return lineas_.join('\n');
+}
+
+int AvisoCampo::heightForWidth(int ancho) const {
+    const int minimo = fontMetrics().lineSpacing() * visibles_ + kMargen;
+    if (lineas_.isEmpty() || ancho <= 0) {
+        return minimo;
     }
-    return lineas_.size() == 1 ? lineas_.first()
-                               : QString("(1 de %1) ").arg(lineas_.size()) + lineas_.first();
+    const QRect caja =
+        fontMetrics().boundingRect(QRect(0, 0, ancho, 1 << 20), kBanderas, Resumen());
+    return std::max(minimo, caja.height() + kMargen);
 }
 
 QSize AvisoCampo::sizeHint() const {
-    return QSize(fontMetrics().horizontalAdvance('x') * 40, minimumSizeHint().height());
+    const int ancho = fontMetrics().horizontalAdvance('x') * 40;
+    return QSize(ancho, heightForWidth(width() > 0 ? width() : ancho));
 }
 
 QSize AvisoCampo::minimumSizeHint() const {
-    return QSize(0, fontMetrics().lineSpacing() * visibles_ + 2);
+    return QSize(0, fontMetrics().lineSpacing() * visibles_ + kMargen);
 }
 
 void AvisoCampo::paintEvent(QPaintEvent*) {
@@ -40,27 +68,7 @@ void AvisoCampo::paintEvent(QPaintEvent*) {
     }
     QPainter p(this);
     p.setPen(error_ ? QColor(170, 0, 0) : QColor(130, 80, 0));
-    // Word-wrapped into the visible lines; the last one takes the rest, cut
-    // with an ellipsis.
-    const QString texto = Resumen();
-    QTextLayout maqueta(texto, font());
-    maqueta.beginLayout();
-    const QFontMetrics fm = fontMetrics();
-    int y = 1;
-    for (int n = 0; n < visibles_; ++n) {
-        QTextLine linea = maqueta.createLine();
-        if (!linea.isValid()) {
-            break;
-        }
-        linea.setLineWidth(width());
-        QString trozo = texto.mid(linea.textStart(), linea.textLength());
-        if (n == visibles_ - 1) {
-            trozo = fm.elidedText(texto.mid(linea.textStart()), Qt::ElideRight, width());
-        }
-        p.drawText(0, y + fm.ascent(), trozo);
-        y += fm.lineSpacing();
-    }
-    maqueta.endLayout();
+    p.drawText(rect().adjusted(0, 1, 0, 0), kBanderas, Resumen());
 }
 
 } // namespace vorimesk

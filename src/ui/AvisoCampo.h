@@ -1,8 +1,8 @@
 #pragma once
-// A line or two beside a group of fields telling what the checks found wrong
-// in them: how many problems there are and the first one, cut to the room
-// there is; every message in full as tooltip. It keeps its height when
-// empty, so the fields around it do not jump while the user types.
+// The lines beside a group of fields telling what the checks found wrong in
+// them, errors first, each whole: long ones wrap and the box grows to hold
+// them. It keeps at least its given height when empty, so the fields around
+// it do not jump while the user types.
 
 #include <QStringList>
 #include <QWidget>
@@ -18,11 +18,13 @@ public:
     // an error among them, amber otherwise.
     void Mostrar(const QStringList& lineas, bool error);
     const QStringList& Lineas() const { return lineas_; }
-    // What is drawn before cutting: how many there are and the first.
+    // Everything it draws, one message a line.
     QString Resumen() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int ancho) const override;
 
 protected:
     void paintEvent(QPaintEvent*) override;

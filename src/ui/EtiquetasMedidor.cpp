@@ -1,6 +1,8 @@
 #include "EtiquetasMedidor.h"
 
 #include "PaletaColores.h"
+#include "core/FormatoNumero.h"
+#include "core/Numero.h"
 #include "monitor/PantallaMonitor.h"
 
 #include <QLabel>
@@ -15,6 +17,13 @@ void Resaltar(QLabel* l, int puntos) {
     l->setFont(f);
 }
 
+// The meter's cost ("17.93") as money is shown everywhere else; a text that
+// is no amount (an unknown tariff) as it comes.
+QString Gasto(const std::string& texto) {
+    const auto numero = NumeroEscrito(texto.empty() ? "0" : texto);
+    return QString::fromStdString(numero ? TextoDinero(Val(*numero)) : texto);
+}
+
 } // namespace
 
 QLabel* EtiquetaConNombre(const QString& texto, const char* nombre, QWidget* padre) {
@@ -26,7 +35,7 @@ QLabel* EtiquetaConNombre(const QString& texto, const char* nombre, QWidget* pad
 EtiquetasMedidor EtiquetasMedidor::Crear(QWidget* padre, int puntosTiempo, int puntosGasto) {
     EtiquetasMedidor e;
     e.lTiempo = EtiquetaConNombre("00:00:00", "lTiempo", padre);
-    e.lGasto = EtiquetaConNombre("0.00", "lGasto", padre);
+    e.lGasto = EtiquetaConNombre(Gasto({}), "lGasto", padre);
     e.lTarifa = EtiquetaConNombre({}, "lTarifa", padre);
     e.lBono = EtiquetaConNombre({}, "lBono", padre);
     Resaltar(e.lTiempo, puntosTiempo);
@@ -56,7 +65,7 @@ void EtiquetasMedidor::Mostrar(const PantallaMonitor& visto) const {
     QPalette paleta = lTiempo->palette();
     paleta.setColor(QPalette::WindowText, ColorPaleta(p.ColorTiempo));
     lTiempo->setPalette(paleta);
-    lGasto->setText(QString::fromStdString(p.Gasto.empty() ? "0.00" : p.Gasto));
+    lGasto->setText(Gasto(p.Gasto));
     lTarifa->setText(QString::fromStdString(p.Tarifa));
     lBono->setText(QString::fromStdString(p.Bono));
 }

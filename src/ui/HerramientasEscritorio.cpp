@@ -1,9 +1,11 @@
 #include "HerramientasEscritorio.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QUrl>
 #include <initializer_list>
 #include <utility>
 
@@ -63,15 +65,35 @@ HerramientaEscritorio InfoSistema() {
                     {"lxtask", {}}});
 }
 
-QString PaginaAyuda(const QString& carpetaPrograma) {
+QStringList SitiosAyuda(const QString& carpetaPrograma) {
     const QDir aqui(carpetaPrograma);
-    for (const QString& candidato :
-         {aqui.filePath("../share/vorimesk/ayuda/index.html"), aqui.filePath("ayuda/index.html"),
-          QStringLiteral(VORIMESK_FUENTES "/data/ayuda/index.html")}) {
+    return {QDir::cleanPath(aqui.filePath("../share/vorimesk/ayuda/index.html")),
+            QDir::cleanPath(aqui.filePath("ayuda/index.html")),
+            QStringLiteral(VORIMESK_FUENTES "/data/ayuda/index.html")};
+}
+
+QString PaginaAyuda(const QString& carpetaPrograma) {
+    for (const QString& candidato : SitiosAyuda(carpetaPrograma)) {
         const QFileInfo info(candidato);
         if (info.isFile()) {
             return info.canonicalFilePath();
         }
+    }
+    return {};
+}
+
+QString AbrirEnNavegador(const QUrl& direccion) {
+    // Qt opens addresses through xdg-open, or the program named by BROWSER.
+    const bool hay = !QStandardPaths::findExecutable("xdg-open").isEmpty() ||
+                     !qEnvironmentVariableIsEmpty("BROWSER");
+    const QString que = direccion.isLocalFile() ? direccion.toLocalFile() : direccion.toString();
+    if (!hay) {
+        return "No se encuentra ningun navegador (ni xdg-open ni la variable BROWSER) para "
+               "abrir " +
+               que + ".";
+    }
+    if (!QDesktopServices::openUrl(direccion)) {
+        return "El escritorio no pudo abrir " + que + " en un navegador.";
     }
     return {};
 }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QStringList>
 
+class QUrl;
+
 namespace vorimesk {
 
 struct HerramientaEscritorio {
@@ -27,6 +29,13 @@ HerramientaEscritorio InfoSistema();
 // The shipped HTML help's first page, looked for beside the program (an
 // installed copy, then the source tree of a build); empty when missing.
 QString PaginaAyuda(const QString& carpetaPrograma);
+// Where PaginaAyuda looks, in order, for a message that says so.
+QStringList SitiosAyuda(const QString& carpetaPrograma);
+
+// Opens an address in the desktop's browser. Empty when it did; otherwise
+// a Spanish sentence that says what is missing: no browser found, or one
+// that would not open it.
+QString AbrirEnNavegador(const QUrl& direccion);
 
 } // namespace herramientas
 } // namespace vorimesk

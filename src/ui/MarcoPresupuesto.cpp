@@ -1,6 +1,7 @@
 #include "MarcoPresupuesto.h"
 
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
 #include "settings/Presupuesto.h"
 
 #include <QHBoxLayout>
@@ -35,7 +36,7 @@ MarcoPresupuesto::MarcoPresupuesto(std::filesystem::path carpeta, QWidget* padre
 void MarcoPresupuesto::Mostrar() {
     try {
         const std::optional<double> p = LeerPresupuesto(carpeta_);
-        guardado_ = p ? QString::number(*p, 'g', 15) : QString();
+        guardado_ = p ? QString::fromStdString(TextoDinero(*p)) : QString();
         lEstadoPresupuesto->clear();
     } catch (const Error& e) {
         guardado_.clear();
@@ -67,7 +68,7 @@ bool MarcoPresupuesto::Guardar() {
         txtPresupuesto->setText(guardado_);
         return false;
     }
-    guardado_ = nuevo ? QString::number(*nuevo, 'g', 15) : QString();
+    guardado_ = nuevo ? QString::fromStdString(TextoDinero(*nuevo)) : QString();
     txtPresupuesto->setText(guardado_);
     lEstadoPresupuesto->clear();
     emit PresupuestoCambiado();

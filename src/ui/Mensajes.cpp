@@ -20,7 +20,18 @@ std::unique_ptr<QMessageBox> CajaDeVentana(QWidget* padre, QMessageBox::Icon ico
     const QString titulo = padre != nullptr ? padre->window()->windowTitle().section(" - ", 0, 0)
                                             : QString("Vorimesk");
     auto caja = std::make_unique<QMessageBox>(icono, titulo, texto, QMessageBox::NoButton, padre);
-    caja->setInformativeText(detalle);
+    // A long list keeps the box on the screen: its first lines, and all of
+    // them in the details.
+    constexpr int kLineasVisibles = 15;
+    const QStringList lineas = detalle.split('\n');
+    if (lineas.size() > kLineasVisibles) {
+        caja->setInformativeText(lineas.mid(0, kLineasVisibles).join('\n') +
+                                 QString("\n... y %1 mas en \"Mostrar detalles\".")
+                                     .arg(lineas.size() - kLineasVisibles));
+        caja->setDetailedText(detalle);
+    } else {
+        caja->setInformativeText(detalle);
+    }
     return caja;
 }
 

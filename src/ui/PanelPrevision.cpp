@@ -1,6 +1,7 @@
 #include "PanelPrevision.h"
 
 #include "ControlesDialogo.h"
+#include "core/FormatoNumero.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -9,7 +10,7 @@ namespace vorimesk {
 namespace {
 
 QString Cantidad(double v) {
-    return QString::number(v, 'f', 2);
+    return QString::fromStdString(TextoDinero(v));
 }
 
 } // namespace

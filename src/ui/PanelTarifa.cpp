@@ -139,7 +139,7 @@ void PanelTarifa::EmitirTiempoIncluido() {
 void PanelTarifa::Mostrar(const TarifaEditable& t) {
     const QSignalBlocker b1(txtNombre), b2(txtConexion), b3(spnMinutos), b4(spnSegundos);
     txtNombre->setText(QString::fromStdString(t.Valor("Nombre")));
-    txtConexion->setText(QString::fromStdString(t.Valor("Conexion.Importe")));
+    txtConexion->setText(QString::fromStdString(t.ValorMostrado("Conexion.Importe")));
     const auto incluido = TarifaEditable::LeerTiempoIncluido(t.Valor("Conexion.Tiempo"));
     spnMinutos->setValue(incluido ? incluido->first : 0);
     spnSegundos->setValue(incluido ? incluido->second : 0);

@@ -2,7 +2,9 @@
 
 #include "EditorTiempo.h"
 #include "FechasQt.h"
+#include "HerramientasEscritorio.h"
 #include "MarcoPresupuesto.h"
+#include "Mensajes.h"
 #include "SonidoAviso.h"
 #include "core/FormatoNumero.h"
 #include "core/Numero.h"
@@ -111,9 +113,9 @@ QWidget* TabOpciones::MarcoAvisos() {
     txtImporte->setObjectName("txtImporte");
     txtImporte->setAlignment(Qt::AlignRight);
     txtImporte->setMaximumWidth(tiempo1->maximumWidth());
-    // Whole amounts, grouped with "." as they are shown.
+    // Amounts as a Spanish user writes them ("1.500,50") or plainly.
     txtImporte->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(R"([0-9.]{0,11})"), txtImporte));
+        new QRegularExpressionValidator(QRegularExpression(R"([0-9.,]{0,14})"), txtImporte));
     tiempo2 = new EditorTiempo(marco);
     tiempo2->setObjectName("tiempo2");
 
@@ -188,20 +190,26 @@ void TabOpciones::Enlazar() {
 
     connect(hora3, &QTimeEdit::userTimeChanged, this,
             [this](QTime t) { datos_.Ajustes.HoraAviso = DeQTime(t); });
-    connect(tiempo1, &QLineEdit::textEdited, this, [this] {
-        if (tiempo1->Completo()) {
-            datos_.Ajustes.TiempoAviso.Valor(tiempo1->Tiempo());
-        }
-    });
-    connect(tiempo2, &QLineEdit::textEdited, this, [this] {
-        if (tiempo2->Completo()) {
-            datos_.Ajustes.BonoAviso.Valor(tiempo2->Tiempo());
-        }
-    });
-    // The amount is kept without its grouping dots, so the alert compares
-    // the number the user sees.
+    // Kept as typed when it is a time, and when the box makes it one.
+    for (auto [editor, tiempo] :
+         {std::pair{tiempo1, &Settings::TiempoAviso}, std::pair{tiempo2, &Settings::BonoAviso}}) {
+        const auto guardar = [this, editor, tiempo] {
+            if (editor->Completo()) {
+                (datos_.Ajustes.*tiempo).Valor(editor->Tiempo());
+            }
+        };
+        connect(editor, &QLineEdit::textEdited, this, guardar);
+        connect(editor, &QLineEdit::editingFinished, this, guardar);
+    }
+    // The amount is kept written plainly ("1500.5"), so the alert compares
+    // it as a number.
     connect(txtImporte, &QLineEdit::textEdited, this, [this](const QString& texto) {
-        datos_.Ajustes.ImporteAviso = QString(texto).remove('.').toStdString();
+        if (const auto numero = NumeroEscrito(texto.toStdString())) {
+            datos_.Ajustes.ImporteAviso = *numero;
+        }
+    });
+    connect(txtImporte, &QLineEdit::editingFinished, this, [this] {
+        txtImporte->setText(QString::fromStdString(TextoDinero(Val(datos_.Ajustes.ImporteAviso))));
     });
     connect(txtImpuestos, &QSpinBox::valueChanged, this,
             [this](int valor) { datos_.Ajustes.Impuestos = static_cast<float>(valor); });
@@ -237,8 +245,7 @@ void TabOpciones::Mostrar() {
     hora3->blockSignals(false);
     tiempo1->Tiempo(a.TiempoAviso.Valor());
     tiempo2->Tiempo(a.BonoAviso.Valor());
-    txtImporte->setText(QString::fromStdString(
-        FormatoMiles(static_cast<std::int64_t>(std::llround(Val(a.ImporteAviso))))));
+    txtImporte->setText(QString::fromStdString(TextoDinero(Val(a.ImporteAviso))));
     MostrarSonido();
 }
 
@@ -265,7 +272,10 @@ void TabOpciones::AbrirProgramas() {
 }
 
 void TabOpciones::AbrirInternet() {
-    QDesktopServices::openUrl(QUrl(kPaginaInternet));
+    const QString falta = herramientas::AbrirEnNavegador(QUrl(kPaginaInternet));
+    if (!falta.isEmpty()) {
+        Avisar(this, QMessageBox::Information, falta);
+    }
 }
 
 } // namespace vorimesk

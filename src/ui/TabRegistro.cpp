@@ -107,7 +107,9 @@ void TabRegistro::Mostrar(const Log& registro, const Listado& l, OpcionesCoste o
     Label4->setText(QString::number(l.NumeroLlamadas));
     lDuracionReg->setText(l.NumeroLlamadas == 0 ? QString()
                                                 : QString::fromStdString(l.TotalTiempo.Valor()));
-    lGastoReg->setText(QString::fromStdString(FormatoMiles(l.TotalCoste) + " "));
+    lGastoReg->setText(l.NumeroLlamadas == 0 ? QString()
+                                             : QString::fromStdString(TextoDinero(
+                                                   static_cast<double>(l.TotalCentimos) / 100.0)));
 }
 
 bool TabRegistro::Exportar() {

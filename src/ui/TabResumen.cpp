@@ -59,7 +59,7 @@ void TabResumen::Mostrar(const ResumenPeriodo& r) {
     lPeriodo->setText(QString::fromStdString(r.inicio.TextoCorto() + " - " + r.fin.TextoCorto()));
     lRangoTotales->setText(QString::fromStdString(r.rango));
     lTiempoPer->setText(r.llamadas == 0 ? QString() : QString::fromStdString(r.tiempo.Valor()));
-    lGastoPer->setText(QString::fromStdString(FormatoMiles(r.coste) + " "));
+    lGastoPer->setText(r.llamadas == 0 ? QString() : QString::fromStdString(TextoDinero(r.coste)));
     lLlamadas->setText(QString::number(r.llamadas));
     lDiasQuedanBono->setText(QString::number(r.diasQuedan));
 }

@@ -25,7 +25,7 @@ struct ResumenPeriodo {
     Fecha fin;
     std::string rango; // what the totals sum, in words
     cTiempo tiempo;
-    std::int32_t coste = 0;
+    double coste = 0.0;
     std::int16_t llamadas = 0;
     int diasQuedan = 0;
 };

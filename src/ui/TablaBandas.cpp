@@ -68,8 +68,8 @@ QTimeEdit* TablaBandas::NuevaHora(const std::string& clave) {
 void TablaBandas::Mostrar(const TarifaEditable& tarifa) {
     const QSignalBlocker bloqueo(this);
     for (int f = 0; f < 2; ++f) {
-        txtPrecio[f]->setText(
-            QString::fromStdString(tarifa.Valor(TarifaEditable::Clave(tipoDia_, f, "Importe"))));
+        txtPrecio[f]->setText(QString::fromStdString(
+            tarifa.ValorMostrado(TarifaEditable::Clave(tipoDia_, f, "Importe"))));
         const auto poner = [&](QTimeEdit* t, const char* campo) {
             const auto s =
                 TarifaEditable::LeerHora(tarifa.Valor(TarifaEditable::Clave(tipoDia_, f, campo)));

@@ -1,9 +1,10 @@
 #include "VigiaPresupuesto.h"
 
-#include "session/DatosSesion.h"
 #include "PanelPrevision.h"
 #include "SonidoAviso.h"
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
+#include "session/DatosSesion.h"
 #include "settings/Presupuesto.h"
 
 #include <QSystemTrayIcon>
@@ -36,8 +37,8 @@ void VigiaPresupuesto::Actualizar() {
     }
     const QString texto =
         QString("A este ritmo el periodo costara %1, mas que el presupuesto de %2.")
-            .arg(p.Proyeccion, 0, 'f', 2)
-            .arg(*p.Presupuesto, 0, 'f', 2);
+            .arg(QString::fromStdString(TextoDinero(p.Proyeccion)),
+                 QString::fromStdString(TextoDinero(*p.Presupuesto)));
     sonido_.Reproducir(QString::fromStdString(datos_.Ajustes.SonidoAviso));
     QSystemTrayIcon* bandeja = bandeja_ ? bandeja_() : nullptr;
     if (bandeja != nullptr && QSystemTrayIcon::isSystemTrayAvailable()) {

@@ -371,8 +371,7 @@ void fArchivo::ListarPrivado() {
     const Log& r = *privado_;
     Grid1->setRowCount(r.Count());
     for (int i = 0; i < r.Count(); ++i) {
-        auto celdas = CeldasLlamada(r, i, {});
-        celdas[3] = r.importe(i); // the cost as the archive holds it
+        const auto celdas = CeldasLlamada(r, i, {}); // the cost without taxes, as kept
         for (int c = 0; c < static_cast<int>(celdas.size()); ++c) {
             Grid1->setItem(i, c, new QTableWidgetItem(QTexto(celdas[c])));
         }

@@ -1,14 +1,14 @@
 #include "fComparar.h"
 
-#include "session/DatosSesion.h"
 #include "FechasQt.h"
 #include "Proteger.h"
+#include "core/FormatoNumero.h"
 #include "register/Log.h"
+#include "session/DatosSesion.h"
 #include "tariff/AjustesTarifa.h"
 
 #include <QApplication>
 #include <QBarCategoryAxis>
-#include <QBarSeries>
 #include <QBarSet>
 #include <QChart>
 #include <QChartView>
@@ -17,6 +17,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHorizontalBarSeries>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -31,7 +32,7 @@ namespace {
 enum Columna { kTarifa, kConBono, kDifConBono, kSinBono, kDifSinBono, kColumnas };
 
 QString Cantidad(double v) {
-    return QString::number(v, 'f', 2);
+    return QString::fromStdString(TextoDinero(v));
 }
 
 QString Diferencia(double v) {
@@ -75,6 +76,7 @@ fComparar::fComparar(FuenteComparacion fuente, QWidget* padre)
         {"Tarifa", "Con bonos", "Diferencia", "Sin bonos", "Diferencia"});
     tbTarifas->verticalHeader()->hide();
     tbTarifas->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    tbTarifas->horizontalHeader()->setSectionResizeMode(kTarifa, QHeaderView::ResizeToContents);
     tbTarifas->setSelectionBehavior(QAbstractItemView::SelectRows);
     tbTarifas->setToolTip("Diferencia: lo que habria costado menos lo que se cobro");
     grComparacion = new QChartView(this);
@@ -205,13 +207,17 @@ void fComparar::Dibujar() {
     auto* sinBono = new QBarSet("Sin bonos");
     QStringList tarifas;
     double maximo = c.Cobrado;
-    for (const TotalTarifa& t : c.Tarifas) {
+    // From the bottom up: the first tariff of the table ends on top.
+    for (auto it = c.Tarifas.rbegin(); it != c.Tarifas.rend(); ++it) {
+        const TotalTarifa& t = *it;
         tarifas << QTexto(t.Tarifa);
         *conBono << t.ConBono;
         *sinBono << t.SinBono;
         maximo = std::max({maximo, t.ConBono, t.SinBono});
     }
-    auto* serie = new QBarSeries;
+    // Bars across, with the tariffs' names down the side: each name has the
+    // width it needs, however many tariffs there are.
+    auto* serie = new QHorizontalBarSeries;
     // Without bonos both totals are the same: one bar says it.
     if (fuente_.bono.Count() > 0) {
         serie->append(conBono);
@@ -223,15 +229,15 @@ void fComparar::Dibujar() {
     auto* grafico = new QChart;
     grafico->addSeries(serie);
     grafico->setTitle("Cobrado: " + Cantidad(c.Cobrado));
-    auto* ejeX = new QBarCategoryAxis;
-    ejeX->append(tarifas);
-    grafico->addAxis(ejeX, Qt::AlignBottom);
-    serie->attachAxis(ejeX);
-    auto* ejeY = new QValueAxis;
-    ejeY->setRange(0, maximo > 0 ? maximo * 1.1 : 1.0);
-    ejeY->setLabelFormat("%.0f");
-    grafico->addAxis(ejeY, Qt::AlignLeft);
-    serie->attachAxis(ejeY);
+    auto* ejeTarifas = new QBarCategoryAxis;
+    ejeTarifas->append(tarifas);
+    grafico->addAxis(ejeTarifas, Qt::AlignLeft);
+    serie->attachAxis(ejeTarifas);
+    auto* ejeImporte = new QValueAxis;
+    ejeImporte->setRange(0, maximo > 0 ? maximo * 1.1 : 1.0);
+    ejeImporte->setLabelFormat("%.0f");
+    grafico->addAxis(ejeImporte, Qt::AlignBottom);
+    serie->attachAxis(ejeImporte);
     grafico->legend()->setAlignment(Qt::AlignBottom);
     QChart* anterior = grComparacion->chart();
     grComparacion->setChart(grafico);

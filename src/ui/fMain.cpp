@@ -345,7 +345,7 @@ void fMain::MostrarResumen() {
     r.fin = periodo.fin;
     r.rango = RangoListado();
     r.tiempo = listado_.TotalTiempo;
-    r.coste = listado_.TotalCoste;
+    r.coste = static_cast<double>(listado_.TotalCentimos) / 100.0;
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = static_cast<int>(periodo.fin.Dias() - hoy.Dias());
     tabResumen->Mostrar(r);

@@ -165,12 +165,14 @@ void fMain::MostrarAcercaDe() {
 }
 
 void fMain::AbrirAyuda() {
-    const QString pagina =
-        herramientas::PaginaAyuda(QString::fromStdString(entorno_.carpetaPrograma.string()));
-    if (pagina.isEmpty() || !QDesktopServices::openUrl(QUrl::fromLocalFile(pagina))) {
-        QMessageBox::information(this, "Ayuda",
-                                 "No se encuentra la ayuda del programa o no hay un navegador "
-                                 "con el que abrirla.");
+    const QString programa = QString::fromStdString(entorno_.carpetaPrograma.string());
+    const QString pagina = herramientas::PaginaAyuda(programa);
+    const QString falta = pagina.isEmpty()
+                              ? "No se encuentra la ayuda del programa; se ha buscado en:\n" +
+                                    herramientas::SitiosAyuda(programa).join('\n')
+                              : herramientas::AbrirEnNavegador(QUrl::fromLocalFile(pagina));
+    if (!falta.isEmpty()) {
+        QMessageBox::information(this, "Ayuda", falta);
     }
 }
 

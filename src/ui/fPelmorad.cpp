@@ -5,6 +5,8 @@
 #include "PanelTarifa.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
+#include "session/Sesion.h"
+#include "session/TarifasEnUso.h"
 #include "tariff/LibroJson.h"
 #include "tariff/cLlamada.h"
 
@@ -25,16 +27,9 @@
 namespace vorimesk {
 namespace {
 
-constexpr int kLineasMensaje = 15;
-
+// Every problem, errors first; a long list goes to the box's details.
 QString Lista(const std::vector<Problema>& problemas) {
-    const QStringList lineas =
-        QString::fromStdString(TextoProblemas(problemas)).split('\n', Qt::SkipEmptyParts);
-    QStringList corta = lineas.mid(0, kLineasMensaje);
-    if (lineas.size() > kLineasMensaje) {
-        corta << QString("... y %1 mas.").arg(lineas.size() - kLineasMensaje);
-    }
-    return corta.join('\n');
+    return QString::fromStdString(TextoProblemas(problemas)).trimmed();
 }
 
 QString NombreEnLista(const TarifaEditable& t) {
@@ -155,6 +150,8 @@ QWidget* fPelmorad::CrearDerecha() {
     auto* dentro = new QVBoxLayout(grupo);
     lstProblemas = new QListWidget(grupo);
     lstProblemas->setWordWrap(true);
+    lstProblemas->setTextElideMode(Qt::ElideNone);
+    lstProblemas->setResizeMode(QListView::Adjust);
     lstProblemas->setIconSize(QSize(1, 1) * lstProblemas->fontMetrics().height());
     lstProblemas->setFixedHeight(lstProblemas->fontMetrics().height() * 5 + 8);
     connect(lstProblemas, &QListWidget::itemClicked, this, &fPelmorad::IrAProblema);
@@ -198,9 +195,16 @@ void fPelmorad::Rellenar(int seleccion) {
     {
         const QSignalBlocker bloqueo(lstTarifas);
         lstTarifas->clear();
+        int ancho = lstTarifas->fontMetrics().horizontalAdvance("M") * 12;
         for (int i = 0; i < libro_.Count(); ++i) {
-            lstTarifas->addItem(NombreEnLista(libro_.Tarifa(i)));
+            const QString nombre = NombreEnLista(libro_.Tarifa(i));
+            lstTarifas->addItem(nombre);
+            ancho = std::max(ancho, lstTarifas->fontMetrics().horizontalAdvance(nombre));
         }
+        // The whole name beside its problem icon, with room for a scroll bar.
+        lstTarifas->setMinimumWidth(ancho + lstTarifas->iconSize().width() +
+                                    lstTarifas->style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
+                                    4 * lstTarifas->frameWidth() + 16);
     }
     Seleccionar(seleccion);
 }
@@ -226,7 +230,7 @@ void fPelmorad::AlCambiar(const QString& clave, const QString& texto) {
         return;
     }
     TarifaEditable& t = libro_.Tarifa(actual_);
-    t.Valor(clave.toStdString(), texto.toStdString());
+    t.ValorEscrito(clave.toStdString(), texto.toStdString());
     if (clave == "Nombre") {
         lstTarifas->item(actual_)->setText(NombreEnLista(t));
     }
@@ -249,7 +253,16 @@ void fPelmorad::Revisar() {
 void fPelmorad::PintarProblemas() {
     std::vector<int> peor(static_cast<std::size_t>(libro_.Count()), -1);
     lstProblemas->clear();
-    for (const Problema& p : problemas_) {
+    std::vector<const Problema*> enOrden;
+    for (const bool errores : {true, false}) {
+        for (const Problema& p : problemas_) {
+            if ((p.gravedad == Gravedad::Error) == errores) {
+                enOrden.push_back(&p);
+            }
+        }
+    }
+    for (const Problema* problema : enOrden) {
+        const Problema& p = *problema;
         const bool error = p.gravedad == Gravedad::Error;
         const QIcon icono = style()->standardIcon(error ? QStyle::SP_MessageBoxCritical
                                                         : QStyle::SP_MessageBoxWarning);
@@ -322,6 +335,21 @@ void fPelmorad::Copiar() {
 
 void fPelmorad::Eliminar() {
     const int i = actual_;
+    const TarifaEditable& t = libro_.Tarifa(i);
+    const std::string nombre = t.NombreLeido().value_or(t.Nombre());
+    if (const auto usos = t.NombreLeido() ? AbrirUsos() : nullptr) {
+        const UsoTarifa uso = UsoDeTarifa(usos->Datos(), nombre);
+        if (uso.Alguno() &&
+            !Confirmar(
+                this,
+                QString("La tarifa \"%1\" la usan %2. ¿Eliminarla?")
+                    .arg(QString::fromStdString(nombre), QString::fromStdString(TextoUso(uso))),
+                "Sin ella, esas llamadas conservan sus importes al recalcular y esas "
+                "conexiones se quedan sin tarifa hasta que se les elija otra.",
+                "&Eliminar")) {
+            return;
+        }
+    }
     libro_.Eliminar(i);
     Refrescar(i);
     setWindowModified(true);
@@ -359,6 +387,12 @@ bool fPelmorad::Guardar() {
                    Lista(problemas_), "&Guardar de todos modos")) {
         return false;
     }
+    std::vector<std::pair<std::string, std::string>> mover;
+    std::unique_ptr<Sesion> usos;
+    std::shared_ptr<InstanciaUnica> cerrojo;
+    if (!ElegirRenombres(mover, usos, cerrojo)) {
+        return false;
+    }
     cLlamada libro(carpeta_);
     try {
         libro_.AplicarA(libro);
@@ -373,6 +407,9 @@ bool fPelmorad::Guardar() {
     statusBar()->showMessage(QString("Guardadas %1 tarifas en %2")
                                  .arg(libro.Count())
                                  .arg(QString::fromStdString(libro.Ruta().string())));
+    if (usos && !mover.empty()) {
+        MoverUsos(*usos, mover);
+    }
     return true;
 }
 

@@ -9,6 +9,9 @@
 
 #include <QMainWindow>
 #include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 class QAction;
@@ -18,7 +21,9 @@ class QPushButton;
 
 namespace vorimesk {
 
+class InstanciaUnica;
 class PanelTarifa;
+class Sesion;
 
 class fPelmorad : public QMainWindow {
     Q_OBJECT
@@ -81,6 +86,14 @@ private:
     void IrAProblema(QListWidgetItem* item);
     void PedirImportar();
     void PedirExportar();
+    // The register and settings of the data folder, for the tariffs they
+    // use; null, after telling why, when they cannot be read.
+    std::unique_ptr<Sesion> AbrirUsos();
+    // Asks, for each renamed tariff that calls or entries use, whether to
+    // move them to the new name; false when the user would rather not save.
+    bool ElegirRenombres(std::vector<std::pair<std::string, std::string>>& mover,
+                         std::unique_ptr<Sesion>& usos, std::shared_ptr<InstanciaUnica>& cerrojo);
+    void MoverUsos(Sesion& usos, const std::vector<std::pair<std::string, std::string>>& mover);
 
     std::filesystem::path carpeta_;
     LibroEditable libro_;

@@ -1,9 +1,12 @@
 #include "core/CampoFijo.h"
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
 #include "core/Numero.h"
 #include "core/Texto1252.h"
 
 #include <gtest/gtest.h>
+#include <optional>
+#include <string>
 
 using namespace vorimesk;
 
@@ -32,6 +35,44 @@ TEST(Val, RedondeoAlParYLimitesDe16Bits) {
     EXPECT_EQ(AEntero16(-32768.5), -32768);
     EXPECT_THROW(AEntero16(32767.5), ErrorDesbordamiento);
     EXPECT_THROW(AEntero16(-32769), ErrorDesbordamiento);
+}
+
+// Numbers as a user types them, and money as the windows show it.
+TEST(NumeroEscrito, FormasEspanolasYLlana) {
+    const std::pair<const char*, std::optional<std::string>> casos[] = {{"1.500,50", "1500.50"},
+                                                                        {"1500.50", "1500.50"},
+                                                                        {"1,2", "1.2"},
+                                                                        {"2.500", "2500"},
+                                                                        {"0.105", "0.105"},
+                                                                        {"1.50", "1.50"},
+                                                                        {"1234.567", "1234.567"},
+                                                                        {"1.234.567", "1234567"},
+                                                                        {"1,234.5", "1234.5"},
+                                                                        {" -3,20 ", "-3.20"},
+                                                                        {",5", ".5"},
+                                                                        {"7", "7"},
+                                                                        {"1.5.0", std::nullopt},
+                                                                        {"12,34,5", std::nullopt},
+                                                                        {"1.50,5.0", std::nullopt},
+                                                                        {"", std::nullopt},
+                                                                        {",", std::nullopt},
+                                                                        {"1e3", std::nullopt},
+                                                                        {"abc", std::nullopt},
+                                                                        {"1 500", std::nullopt}};
+    for (const auto& [texto, esperado] : casos) {
+        EXPECT_EQ(NumeroEscrito(texto), esperado) << texto;
+    }
+    const std::pair<double, const char*> dinero[] = {{1500.5, "1.500,50"},
+                                                     {17.93, "17,93"},
+                                                     {0.0, "0,00"},
+                                                     {-3.2, "-3,20"},
+                                                     {-0.004, "0,00"},
+                                                     {0.005, "0,01"},
+                                                     {4047081.52, "4.047.081,52"},
+                                                     {999.999, "1.000,00"}};
+    for (const auto& [valor, esperado] : dinero) {
+        EXPECT_EQ(TextoDinero(valor), esperado) << valor;
+    }
 }
 
 TEST(Texto1252, CadaByteIdaYVuelta) {

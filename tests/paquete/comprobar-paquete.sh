@@ -18,7 +18,10 @@ for ruta in \
     ./usr/share/icons/hicolor/48x48/apps/vorimesk.png \
     ./usr/share/icons/hicolor/256x256/apps/vorimesk.png \
     ./usr/share/man/man1/vorimesk-cli.1.gz \
+    ./usr/share/man/man1/vorimesk.1.gz \
+    ./usr/share/man/man1/pelmorad.1.gz \
     ./usr/share/doc/vorimesk/copyright \
+    ./usr/share/doc/vorimesk/changelog.gz \
     ./usr/share/vorimesk/ayuda/index.html \
     ./usr/share/vorimesk/Tarifas.Dat \
     ./usr/lib/systemd/user/vorimesk-vigilar.service \
@@ -66,6 +69,14 @@ if command -v systemd-analyze >/dev/null 2>&1; then
   rm -rf "$unidad"
 else
   echo "systemd-analyze no esta: la unidad de usuario no se comprueba"
+fi
+# Debian's own checker, when it is installed: no error and no warning.
+if command -v lintian >/dev/null 2>&1; then
+  if ! lintian --fail-on error,warning "$deb" >lintian.log 2>&1; then
+    echo "lintian encuentra problemas en el paquete:"; cat lintian.log; falta=1
+  fi
+else
+  echo "lintian no esta: el paquete no se comprueba con el"
 fi
 desktop-file-validate "$fuentes"/data/*.desktop
 appstreamcli validate --no-net "$fuentes"/data/es.vorimesk.Vorimesk.metainfo.xml >/dev/null

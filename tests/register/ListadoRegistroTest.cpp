@@ -102,6 +102,9 @@ TEST_F(ListadoRegistroTest, TotalesImpuestosYPeriodo) {
     EXPECT_EQ(l.NumeroLlamadas, 4);
     EXPECT_EQ(l.TotalTiempo.Valor(), "01:15:00");
     EXPECT_EQ(l.TotalCoste, 116 + 9 + 3 + 1);
+    // The cost column in cents, as the window shows it: 116 + 8,70 + 2,90 + 0,58.
+    EXPECT_EQ(l.TotalCentimos, 11600 + 870 + 290 + 58);
+    EXPECT_EQ(CeldasLlamada(*registro, 3, impuestos)[3], "0,58");
     EXPECT_EQ(l.Periodo, "02/03/2026 - 20/03/2026");
 
     CriteriosFiltro apagado;

@@ -19,6 +19,7 @@ TEST(Presupuesto, CantidadesQueSeLeenYLasQueNo) {
     EXPECT_EQ(LeerTextoPresupuesto("  1500.5 "), 1500.5);
     EXPECT_EQ(LeerTextoPresupuesto("1500,25"), 1500.25);
     EXPECT_EQ(LeerTextoPresupuesto(".5"), 0.5);
+    EXPECT_EQ(LeerTextoPresupuesto("1.500,50"), 1500.5);
     for (const char* malo : {"", " ", "0", "0.0", "-5", "+5", "12a", "1.2.3", "1,2.3", "1e3", ".",
                              "inf", "nan", "15 00"}) {
         EXPECT_FALSE(LeerTextoPresupuesto(malo)) << malo;

@@ -113,4 +113,11 @@ TEST_F(Edicion, AñadirCopiarMoverYEliminar) {
     RegistroTarifa copia = libro.Tarifa(2);
     copia.Valor("Nombre", "Interprovincial");
     EXPECT_EQ(copia, libro.Tarifa(1));
+
+    // A renamed tariff is its old name's one heir; the copies share theirs.
+    EXPECT_TRUE(e.Renombradas().empty());
+    e.Tarifa(0).Valor("Nombre", "Provincia B");
+    e.Tarifa(1).Valor("Nombre", "Larga");
+    EXPECT_EQ(e.Renombradas(),
+              (std::vector<std::pair<std::string, std::string>>{{"Provincial", "Provincia B"}}));
 }

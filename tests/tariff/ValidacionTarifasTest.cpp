@@ -75,11 +75,20 @@ TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
     }
     EXPECT_EQ(Problemas({{"Conexion.Importe", "1e3"}}), V{"E Conexion.Importe"});
 
+    // Typed in Spanish, an amount is kept as the file writes it, and shown
+    // back the Spanish way; a file's "2.500" is two and a half.
     LibroEditable libro;
-    libro.Tarifa(libro.Añadir("Coma")).Valor("Semana.Normal.Importe", "2,5");
-    EXPECT_EQ(Mensajes(libro), "Error en la tarifa 1 (Coma): El precio de la franja normal de "
-                               "Semana (2,5) no es un numero: use el punto para los decimales "
-                               "(2.5, no 2,5).\n");
+    TarifaEditable& t = libro.Tarifa(libro.Añadir("Coma"));
+    t.ValorEscrito("Semana.Normal.Importe", "1.500,5");
+    t.ValorEscrito("Semana.Reducida.Importe", "1,2");
+    t.Valor("Sabado.Normal.Importe", "2.500");
+    t.ValorEscrito("Sabado.Reducida.Importe", "1,2,3");
+    EXPECT_EQ(t.Valor("Semana.Normal.Importe"), "1500.5");
+    EXPECT_EQ(t.Valor("Semana.Reducida.Importe"), "1.2");
+    EXPECT_EQ(t.ValorMostrado("Semana.Reducida.Importe"), "1,2");
+    EXPECT_EQ(t.ValorMostrado("Sabado.Normal.Importe"), "2,500");
+    EXPECT_EQ(Mensajes(libro), "Error en la tarifa 1 (Coma): El precio de la franja reducida de "
+                               "Sabado (1,2,3) no es un numero (se escribe 2,5 o 1.500,25).\n");
 }
 
 TEST(Validacion, HorasYTiempoIncluido) {

@@ -3,12 +3,14 @@
 // what the layers below work out.
 
 #include "CarpetaVentana.h"
+#include "core/FormatoNumero.h"
 #include "ui/MarcoPresupuesto.h"
 #include "ui/PanelPrevision.h"
 #include "ui/VigiaPresupuesto.h"
 #include "ui/fComparar.h"
 
 #include <QChartView>
+#include <QGraphicsTextItem>
 #include <QImage>
 #include <QStatusBar>
 
@@ -52,10 +54,12 @@ TEST_F(Comparar, ElBotonDelRegistroAbreLaComparacionDeLasLlamadasListadas) {
     ASSERT_EQ(c->tbTarifas->rowCount(), 5);
     EXPECT_EQ(c->tbTarifas->item(0, 0)->text(), "Metropolitana");
     const TotalTarifa& primera = c->Resultado().Tarifas.at(0);
-    EXPECT_EQ(c->tbTarifas->item(0, 1)->text(), QString::number(primera.ConBono, 'f', 2));
+    EXPECT_EQ(c->tbTarifas->item(0, 1)->text(),
+              QString::fromStdString(TextoDinero(primera.ConBono)));
     // Charged 100 for the two calls; a saving shows with its minus sign.
     ASSERT_LT(primera.DiferenciaSinBono, 0.0);
-    EXPECT_EQ(c->tbTarifas->item(0, 4)->text(), QString::number(primera.DiferenciaSinBono, 'f', 2));
+    EXPECT_EQ(c->tbTarifas->item(0, 4)->text(),
+              QString::fromStdString(TextoDinero(primera.DiferenciaSinBono)));
     EXPECT_TRUE(c->lResumen->text().contains("La mas barata: "));
     EXPECT_NE(c->grComparacion->chart(), nullptr);
 
@@ -66,7 +70,19 @@ TEST_F(Comparar, ElBotonDelRegistroAbreLaComparacionDeLasLlamadasListadas) {
     c->cmdComparar->click();
     EXPECT_EQ(c->Resultado().Llamadas, 12);
 
+    // Narrow, every tariff's name still shows whole beside its bars.
+    c->resize(480, 560);
     c->show();
+    QApplication::processEvents();
+    QStringList rotulos;
+    for (QGraphicsItem* item : c->grComparacion->scene()->items()) {
+        if (auto* texto = dynamic_cast<QGraphicsTextItem*>(item)) {
+            rotulos << texto->toPlainText();
+        }
+    }
+    for (const char* tarifa : {"Metropolitana", "Interprovincial", "Provincial", "Infovia"}) {
+        EXPECT_TRUE(rotulos.contains(tarifa)) << tarifa << " " << rotulos.join("|").toStdString();
+    }
     const QImage imagen = c->grab().toImage();
     EXPECT_FALSE(imagen.isNull());
     if (const QByteArray destino = qgetenv("VORIMESK_CAPTURAS"); !destino.isEmpty()) {
@@ -82,8 +98,8 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     PanelPrevision* p = Control<PanelPrevision>(v.get(), "PanelPrevision");
     // The period runs from 16 March to 15 April: 20 March is day 5 of 31,
     // with the calls of the 17th and the 20th.
-    EXPECT_EQ(p->lGastadoPrev->text(), "100.00 (dia 5 de 31)");
-    EXPECT_EQ(p->lProyeccion->text(), "620.00");
+    EXPECT_EQ(p->lGastadoPrev->text(), "100,00 (dia 5 de 31)");
+    EXPECT_EQ(p->lProyeccion->text(), "620,00");
     EXPECT_EQ(p->lPresupuesto->text(), "sin presupuesto");
     EXPECT_FALSE(p->lRegla->text().isEmpty());
 
@@ -97,11 +113,11 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     Control<QTabWidget>(v.get(), "SSTab1")
         ->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
-    EXPECT_TRUE(avisos[0][0].toString().contains("620.00"));
+    EXPECT_TRUE(avisos[0][0].toString().contains("620,00"));
     // Without a tray (as here) the window's status bar tells it too.
     EXPECT_EQ(v->statusBar()->currentMessage(), avisos[0][0].toString());
     EXPECT_FALSE(p->lAvisoPresupuesto->text().isEmpty());
-    EXPECT_EQ(p->lPorDia->text(), "7.69 en cada uno de los 26 dias que quedan");
+    EXPECT_EQ(p->lPorDia->text(), "7,69 en cada uno de los 26 dias que quedan");
     // Coming back to the summary, or a new listing, does not sound it again.
     Control<QTabWidget>(v.get(), "SSTab1")
         ->setCurrentWidget(Control<TabRegistro>(v.get(), "TabRegistro"));
@@ -118,13 +134,13 @@ TEST_F(Comparar, ElResumenMuestraLaPrevisionYElAvisoDePresupuestoSuenaUnaVez) {
     ASSERT_TRUE(presupuesto->Guardar());
     presupuesto->txtPresupuesto->setText("mucho");
     EXPECT_FALSE(presupuesto->Guardar());
-    EXPECT_EQ(presupuesto->txtPresupuesto->text(), "1000");
+    EXPECT_EQ(presupuesto->txtPresupuesto->text(), "1.000,00");
     EXPECT_FALSE(presupuesto->lEstadoPresupuesto->text().isEmpty());
     Control<QTabWidget>(v.get(), "SSTab1")
         ->setCurrentWidget(Control<TabResumen>(v.get(), "TabResumen"));
     EXPECT_EQ(avisos.count(), 1);
     EXPECT_TRUE(p->lAvisoPresupuesto->text().isEmpty());
-    EXPECT_EQ(p->lPresupuesto->text(), "1000.00");
+    EXPECT_EQ(p->lPresupuesto->text(), "1.000,00");
 
     if (const QByteArray destino = qgetenv("VORIMESK_CAPTURAS"); !destino.isEmpty()) {
         v->resize(760, 640);

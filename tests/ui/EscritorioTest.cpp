@@ -3,6 +3,7 @@
 // during a call, the start-up banner and the knock of a second start.
 
 #include "CarpetaVentana.h"
+#include "RespuestasDialogo.h"
 #include "ui/Arranque.h"
 #include "ui/PuertaInstancia.h"
 #include "ui/fAbout.h"
@@ -269,7 +270,7 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     EXPECT_EQ(Control<QLabel>(v->Mini(), "lTiempo")->text(), "00:01:14");
     EXPECT_EQ(Control<QLabel>(v->Mini(), "lGasto")->text(),
               Control<QLabel>(v.get(), "lGasto")->text());
-    EXPECT_NE(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
+    EXPECT_NE(Control<QLabel>(v.get(), "lGasto")->text(), "0,00");
     EXPECT_FALSE(conectar->isEnabled());
     EXPECT_TRUE(Control<QPushButton>(v.get(), "cmdConexion")->isChecked());
 
@@ -354,4 +355,23 @@ TEST(PuertaInstancia, LaSegundaCopiaLlamaALaPrimera) {
     QSignalSpy llamadas(&puerta, &PuertaInstancia::Llamada);
     EXPECT_TRUE(PuertaInstancia::Llamar(nombre));
     EXPECT_TRUE(llamadas.wait(2000));
+}
+
+TEST_F(Escritorio, LaAyudaEInternetDicenQueFaltaParaAbrirse) {
+    // No browser opens anything offscreen: each says what it could not
+    // open, and where the help is.
+    auto v = AbrirVisible();
+    RespuestasDialogo respuestas;
+    respuestas.Responder(QMessageBox::Ok);
+    Control<QAction>(v.get(), "accAyuda")->trigger();
+    respuestas.Responder(QMessageBox::Ok);
+    Control<QPushButton>(v.get(), "cmdInternet")->click();
+    ASSERT_EQ(respuestas.Vistas().size(), 2u);
+    EXPECT_TRUE(respuestas.Vistas()[0].texto.contains("ayuda/index.html"))
+        << respuestas.Vistas()[0].texto.toStdString();
+    EXPECT_TRUE(respuestas.Vistas()[1].texto.contains("https://es.wikipedia.org/"))
+        << respuestas.Vistas()[1].texto.toStdString();
+    for (const CajaVista& c : respuestas.Vistas()) {
+        EXPECT_TRUE(c.texto.contains("navegador")) << c.texto.toStdString();
+    }
 }

@@ -1,8 +1,11 @@
 #include "CarpetaTemporal.h"
 #include "Controles.h"
+#include "RegistroAMano.h"
 #include "RespuestasDialogo.h"
 #include "TarifaAMano.h"
 #include "core/Archivo.h"
+#include "register/Log.h"
+#include "settings/ArchivoVariables.h"
 #include "tariff/LibroJson.h"
 #include "tariff/LibroPorDefecto.h"
 #include "tariff/cLlamada.h"
@@ -133,13 +136,13 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     fPelmorad v(dir);
     QLineEdit* precio = Control<QLineEdit>(Tabla(&v, 1), "txtPrecio_0");
     const QColor normal = precio->palette().color(QPalette::Base);
-    Teclear(precio, "2,5");
+    Teclear(precio, "2,5,0");
     EXPECT_NE(precio->palette().color(QPalette::Base), normal);
-    EXPECT_TRUE(precio->toolTip().contains("use el punto")) << precio->toolTip().toStdString();
+    EXPECT_TRUE(precio->toolTip().contains("no es un numero")) << precio->toolTip().toStdString();
     EXPECT_TRUE(Control<AvisoCampo>(&v, "avisoDia_1")
                     ->Resumen()
                     .startsWith("Error: El precio de la franja normal "
-                                "de Sabado (2,5)"));
+                                "de Sabado (2,5,0)"));
     EXPECT_FALSE(Control<QListWidget>(&v, "lstTarifas")->item(0)->icon().isNull());
 
     respuestas.Pulsar("Aceptar");
@@ -147,8 +150,9 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     EXPECT_TRUE(Mensaje().contains("no se guardan mientras tengan errores"));
     EXPECT_EQ(Libro(dir), antes);
 
-    // Corregido, la marca se va; un hueco en las franjas solo avisa y pregunta.
-    Teclear(precio, "2.5");
+    // Corregido a la espanola, la marca se va; un hueco en las franjas solo
+    // avisa y pregunta.
+    Teclear(precio, "2,5");
     EXPECT_EQ(precio->palette().color(QPalette::Base), normal);
     Control<QTimeEdit>(Tabla(&v, 0), "tmeInicio_1")->setTime(QTime(19, 0));
     EXPECT_EQ(Control<AvisoCampo>(&v, "avisoDia_0")->Lineas().size(), 1);
@@ -161,6 +165,7 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     cLlamada guardado(dir);
     guardado.Load();
     EXPECT_EQ(guardado.ValorTexto(0, "Semana.Reducida.Inicio"), "19:00:00");
+    EXPECT_EQ(guardado.ValorTexto(0, "Sabado.Normal.Importe"), "2.5");
 
     // Pulsar un problema lleva a su campo.
     v.Seleccionar(3);
@@ -168,6 +173,77 @@ TEST_F(Pelmorad, LosErroresSeMarcanYNoSeGuardan) {
     Control<QListWidget>(&v, "lstProblemas")
         ->itemClicked(Control<QListWidget>(&v, "lstProblemas")->item(0));
     EXPECT_EQ(v.Actual(), 0);
+}
+
+TEST_F(Pelmorad, RenombrarOfrecePasarSusLlamadasYEliminarDiceCuantasHay) {
+    InstalarLibroPorDefecto(dir);
+    CamposAMano provincial;
+    provincial.tarifa = "Provincial";
+    CamposAMano local;
+    local.tarifa = "Local";
+    EscribirArchivoSeguro(dir / "RegDat.log",
+                          RegistroAMano({}) + RegistroAMano({}) + RegistroAMano(provincial));
+    Settings s = ValoresPorDefecto();
+    s.EntradasConexion = {{"Casa", "Metropolitana", "Ninguno"}};
+    GuardarVariables(dir / "Varibles.Dat", s);
+    const std::string ajustes = LeerArchivo(dir / "Varibles.Dat");
+    fPelmorad v(dir);
+    QLineEdit* nombre = Control<QLineEdit>(&v, "txtNombre");
+
+    // Declined: the book changes, the register does not.
+    v.Seleccionar(2);
+    Teclear(nombre, "Provincia B");
+    respuestas.Pulsar("Cancelar");
+    ASSERT_TRUE(v.Guardar());
+    EXPECT_TRUE(Mensaje().contains("\"Provincial\" se llama ahora \"Provincia B\" y la usan "
+                                   "1 llamada del registro."))
+        << Mensaje().toStdString();
+    // Accepted: calls and entry follow, nothing else of them changes.
+    v.Seleccionar(0);
+    Teclear(nombre, "Local");
+    respuestas.Pulsar("&Pasarlas a \"Local\"");
+    ASSERT_TRUE(v.Guardar());
+    EXPECT_TRUE(Mensaje().contains("la usan 2 llamadas del registro y 1 conexion"))
+        << Mensaje().toStdString();
+    EXPECT_EQ(LeerArchivo(dir / "RegDat.log"),
+              RegistroAMano(local) + RegistroAMano(local) + RegistroAMano(provincial));
+    s.EntradasConexion[0].Tarifa = "Local";
+    EXPECT_EQ(LeerArchivo(dir / "Varibles.Dat"), EscribirTextoVariables(s));
+    EXPECT_NE(LeerArchivo(dir / "Varibles.Dat"), ajustes);
+
+    // Deleting one in use says how much uses it first.
+    respuestas.Pulsar("Cancelar");
+    Control<QPushButton>(&v, "cmdEliminar")->click();
+    EXPECT_TRUE(Mensaje().contains("la usan 2 llamadas del registro y 1 conexion"))
+        << Mensaje().toStdString();
+    EXPECT_EQ(v.Libro().Tarifa(0).Nombre(), "Local");
+}
+
+TEST_F(Pelmorad, LosProblemasSeLeenEnterosYLosErroresPrimero) {
+    InstalarLibroPorDefecto(dir);
+    fPelmorad v(dir);
+    v.resize(1000, 700);
+    v.show();
+    // A warning in the first tariff, an error in the third.
+    Control<QTimeEdit>(Tabla(&v, 0), "tmeInicio_1")->setTime(QTime(19, 0));
+    v.Seleccionar(2);
+    Teclear(Control<QLineEdit>(&v, "txtNombre"), "Un nombre demasiado largo para el archivo");
+    QApplication::processEvents();
+    QListWidget* lista = Control<QListWidget>(&v, "lstProblemas");
+    ASSERT_EQ(lista->count(), 2);
+    EXPECT_TRUE(lista->item(0)->text().startsWith("Error")) << lista->item(0)->text().toStdString();
+    // The message beside the name wraps whole into the room it is given.
+    AvisoCampo* aviso = Control<AvisoCampo>(&v, "avisoNombre");
+    const QRect necesario = aviso->fontMetrics().boundingRect(QRect(0, 0, aviso->width(), 10000),
+                                                              Qt::TextWordWrap, aviso->Resumen());
+    EXPECT_GE(aviso->height(), necesario.height()) << aviso->Resumen().toStdString();
+    // The list of tariffs is as wide as their longest name.
+    QListWidget* tarifas = Control<QListWidget>(&v, "lstTarifas");
+    EXPECT_GE(tarifas->viewport()->width(),
+              tarifas->fontMetrics().horizontalAdvance("Interprovincial"));
+    if (const QByteArray destino = qgetenv("VORIMESK_CAPTURAS"); !destino.isEmpty()) {
+        v.grab().save(QString::fromLocal8Bit(destino) + "/pelmorad-problemas.png");
+    }
 }
 
 TEST_F(Pelmorad, ImportarExportarYRestaurar) {

@@ -269,7 +269,7 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EscribirAjustes(s);
     auto v = Abrir();
     TabOpciones& t = *Control<TabOpciones>(v.get(), "TabOpciones");
-    EXPECT_EQ(Control<QLineEdit>(&t, "txtImporte")->text(), "1.500");
+    EXPECT_EQ(Control<QLineEdit>(&t, "txtImporte")->text(), "1.500,00");
     EXPECT_EQ(Control<EditorTiempo>(&t, "tiempo1")->text(), "01:15:00");
     EXPECT_EQ(Control<QSpinBox>(&t, "txtImpuestos")->value(), 16);
     // Showing the settings changes none of them.
@@ -283,8 +283,21 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     EXPECT_EQ(armados[1][0].toInt(), 2);
     Control<QCheckBox>(&t, "Check11")->click();
     Control<QLineEdit>(&t, "txtImporte")->clear();
-    QTest::keyClicks(Control<QLineEdit>(&t, "txtImporte"), "2.500");
-    EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500");
+    QTest::keyClicks(Control<QLineEdit>(&t, "txtImporte"), "2.500,5");
+    EXPECT_EQ(v->Datos().Ajustes.ImporteAviso, "2500.5");
+    // The alert time is never left holding something that is no time.
+    EditorTiempo* tiempo1 = Control<EditorTiempo>(&t, "tiempo1");
+    tiempo1->clear();
+    QTest::keyClicks(tiempo1, "000110");
+    QTest::keyClick(tiempo1, Qt::Key_Return);
+    EXPECT_EQ(tiempo1->text(), "00:01:10");
+    EXPECT_EQ(v->Datos().Ajustes.TiempoAviso.Valor(), "00:01:10");
+    tiempo1->clear();
+    QTest::keyClicks(tiempo1, "9:75");
+    QFocusEvent fuera(QEvent::FocusOut);
+    QApplication::sendEvent(tiempo1, &fuera);
+    EXPECT_EQ(tiempo1->text(), "00:01:10");
+    EXPECT_EQ(v->Datos().Ajustes.TiempoAviso.Valor(), "00:01:10");
     Control<EditorTiempo>(&t, "tiempo2")->clear();
     QTest::keyClicks(Control<EditorTiempo>(&t, "tiempo2"), "05:30:00");
     EXPECT_EQ(v->Datos().Ajustes.BonoAviso.Valor(), "05:30:00");
@@ -295,7 +308,7 @@ TEST_F(Pestanas, LasOpcionesSeGuardanAlPulsarlas) {
     auto otra = Abrir();
     EXPECT_TRUE(Control<QCheckBox>(otra.get(), "Check3")->isChecked());
     EXPECT_FALSE(Control<QCheckBox>(otra.get(), "Check11")->isChecked());
-    EXPECT_EQ(Control<QLineEdit>(otra.get(), "txtImporte")->text(), "2.500");
+    EXPECT_EQ(Control<QLineEdit>(otra.get(), "txtImporte")->text(), "2.500,50");
 }
 
 TEST_F(Pestanas, LosBonosDeLaPestanaBonoNet) {

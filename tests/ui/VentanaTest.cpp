@@ -52,9 +52,9 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     const ModeloRegistro& modelo = Control<TabRegistro>(v.get(), "TabRegistro")->Modelo();
     ASSERT_EQ(modelo.rowCount(), 3);
     EXPECT_EQ(modelo.index(0, 0).data().toString(), "10/03/2026");
-    EXPECT_EQ(modelo.index(0, 3).data().toString(), "116");
+    EXPECT_EQ(modelo.index(0, 3).data().toString(), "116,00");
     EXPECT_EQ(Control<QLabel>(v.get(), "lDuracionReg")->text(), "01:06:10");
-    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoReg")->text(), "126 ");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoReg")->text(), "125,28"); // 116 + 8,70 + 0,58
     // The summary is tab 0, shown at load.
     EXPECT_EQ(Control<QTabWidget>(v.get(), "SSTab1")->currentIndex(), fMain::kResumen);
     // The whole billing period (the walk from the first call, 05/01, cuts
@@ -64,7 +64,7 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     EXPECT_EQ(Control<QLabel>(v.get(), "lDiasQuedanBono")->text(), "16");
     EXPECT_EQ(Control<QLabel>(v.get(), "lRangoTotales")->text(),
               "Periodo de facturacion (06/03/2026 - 20/03/2026)");
-    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoPer")->text(), "126 ");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGastoPer")->text(), "125,28");
     EXPECT_TRUE(Control<QLabel>(v.get(), "lGastadoPrev")->text().endsWith("(dia 15 de 31)"));
     // "Ver todos": the totals say they are the whole register's.
     v->RellenaGrid({});
@@ -295,8 +295,11 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     Log guardado(dir);
     guardado.CargarLog();
     EXPECT_EQ(guardado.Tarifa(0), "Metropolitana");
-    EXPECT_EQ(Control<TabRegistro>(v.get(), "TabRegistro")->Modelo().index(0, 7).data().toString(),
-              "Casa");
+    const ModeloRegistro& modelo = Control<TabRegistro>(v.get(), "TabRegistro")->Modelo();
+    EXPECT_EQ(modelo.index(0, 7).data().toString(), "Casa");
+    // The meter's last figure is the register's for the call.
+    EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lGasto")->text(),
+              modelo.index(0, 3).data().toString());
     EXPECT_FALSE(Existe(log));
     // The summary, open all along, counts it at once.
     EXPECT_EQ(Control<QLabel>(v.get(), "lLlamadas")->text(), "1");
