@@ -191,6 +191,9 @@ private:
     QList<QPointer<QWidget>> ocultas_;
     Listado listado_;
     CriteriosFiltro criterios_;
+    // The cost of the call the register took last, in cents: the meter ends
+    // on the register's figure, not on its last tick's.
+    std::optional<std::int64_t> centimosAnotados_;
     int pestañaAnterior_ = kResumen;
     bool entradasNuevas_ = false;
     bool terminando_ = false;

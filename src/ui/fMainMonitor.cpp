@@ -8,6 +8,7 @@
 #include "TabBono.h"
 #include "TabResumen.h"
 #include "core/Errores.h"
+#include "core/FormatoNumero.h"
 #include "fMain.h"
 #include "fMini.h"
 #include "monitor/PerfilEntrada.h"
@@ -47,7 +48,14 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
         case SucesoMonitor::Tipo::MostrarMini:
             MostrarMini();
             break;
+        case SucesoMonitor::Tipo::LlamadasAnotadas:
+            if (datos_.Registro.Count() > 0) {
+                centimosAnotados_ =
+                    CentimosMostrados(datos_.Registro, datos_.Registro.Count() - 1, datos_.Coste());
+            }
+            break;
         case SucesoMonitor::Tipo::LlamadaIniciada:
+            centimosAnotados_.reset();
             // A demonstration shows every window a call can have.
             if (entorno_.demostracion) {
                 MostrarMini();
@@ -93,7 +101,10 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
 }
 
 void fMain::MostrarPantalla() {
-    const PantallaMonitor& p = monitor_.Pantalla();
+    PantallaMonitor p = monitor_.Pantalla();
+    if (centimosAnotados_ && !monitor_.LlamadaAbierta() && !p.Gasto.empty()) {
+        p.Gasto = FormatoDosDecimales(static_cast<double>(*centimosAnotados_) / 100.0);
+    }
     panel->Mostrar(p);
     if (mini_ != nullptr) {
         mini_->Mostrar(p);

@@ -213,7 +213,7 @@ TEST_F(ArchivoTest, VerNoTocaElRegistro) {
     ElegirArchivo(*w, "Copia000.CPR");
     w->Siguiente();
     ASSERT_EQ(Control<QTableWidget>(w.get(), "Grid1")->rowCount(), 3);
-    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->item(0, 3)->text(), "12.5");
+    EXPECT_EQ(Control<QTableWidget>(w.get(), "Grid1")->item(0, 3)->text(), "12,50");
     EXPECT_EQ(Control<QLabel>(w.get(), "lPeriodo")->text(), "10/01/2026 - 12/01/2026");
     // Atras y otra vez adelante: la lista no se duplica.
     w->Atras();

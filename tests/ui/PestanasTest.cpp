@@ -127,7 +127,7 @@ TEST_F(Pestanas, RecalcularDaPrecioNuevoALasLlamadasYLasGuarda) {
                   .data()
                   .toString()
                   .toStdString(),
-              std::to_string(CosteMostrado(guardado, 0, {})));
+              "14,22"); // a minute of the shipped Metropolitana
 }
 
 TEST_F(Pestanas, LaPestanaDeTarifasMuestraElLibro) {
