@@ -44,6 +44,8 @@ TEST(Bono, SeGastaPrimeroElMasAntiguo) {
     bono.DarAlta(0, Fecha::Crear(2026, 2, 1));
     bono.DarAlta(2, Fecha::Crear(2026, 1, 1)); // de noche: no cuenta para el dia
     EXPECT_EQ(bono.Cual(0), 1);
+    EXPECT_EQ(bono.Restar(0, 0) + bono.Restar(0, -5), 0);
+    EXPECT_EQ(bono.tiempo(1), "10:00:00");
     EXPECT_EQ(bono.Restar(0, 9 * 3600), 9 * 3600);
     EXPECT_EQ(bono.tiempo(1), "01:00:00");
     EXPECT_EQ(bono.Restar(0, 2 * 3600), 2 * 3600); // se acaba y sigue el siguiente

@@ -76,6 +76,10 @@ TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
     EXPECT_EQ(Problemas({{"Conexion.Importe", "1e3"}}), V{"E Conexion.Importe"});
 
     LibroEditable libro;
+    libro.Tarifa(libro.Añadir("Negativo")).Valor("Semana.Normal.Importe", "-1");
+    EXPECT_NE(Mensajes(libro).find("(-1) no puede ser negativo."), std::string::npos)
+        << Mensajes(libro);
+    libro.Eliminar(0);
     libro.Tarifa(libro.Añadir("Coma")).Valor("Semana.Normal.Importe", "2,5");
     EXPECT_EQ(Mensajes(libro), "Error en la tarifa 1 (Coma): El precio de la franja normal de "
                                "Semana (2,5) no es un numero: use el punto para los decimales "
