@@ -66,6 +66,11 @@ TEST(Validacion, NombresQueElArchivoNoPuedeGuardar) {
 }
 
 TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
+    LibroEditable negativo;
+    negativo.Tarifa(negativo.Añadir("Negativo")).Valor("Semana.Normal.Importe", "-1");
+    EXPECT_NE(Mensajes(negativo).find("(-1) no puede ser negativo."), std::string::npos)
+        << Mensajes(negativo);
+
     const char* k = "Sabado.Reducida.Importe";
     for (const char* bien : {"1234567", ".5", " 2. "}) {
         EXPECT_EQ(Problemas({{k, bien}}), V{}) << bien;
@@ -76,10 +81,6 @@ TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
     EXPECT_EQ(Problemas({{"Conexion.Importe", "1e3"}}), V{"E Conexion.Importe"});
 
     LibroEditable libro;
-    libro.Tarifa(libro.Añadir("Negativo")).Valor("Semana.Normal.Importe", "-1");
-    EXPECT_NE(Mensajes(libro).find("(-1) no puede ser negativo."), std::string::npos)
-        << Mensajes(libro);
-    libro.Eliminar(0);
     libro.Tarifa(libro.Añadir("Coma")).Valor("Semana.Normal.Importe", "2,5");
     EXPECT_EQ(Mensajes(libro), "Error en la tarifa 1 (Coma): El precio de la franja normal de "
                                "Semana (2,5) no es un numero: use el punto para los decimales "
