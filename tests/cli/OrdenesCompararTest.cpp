@@ -24,7 +24,7 @@ protected:
                 RegistroAMano(
                     {.dia = dia(3), .hora = 10 / 24.0, .duracion = "01:00:00", .importe = "100"}) +
                 RegistroAMano(
-                    {.dia = dia(7), .hora = 10 / 24.0, .duracion = "00:10:00", .importe = "7,5"}));
+                    {.dia = dia(7), .hora = 10 / 24.0, .duracion = "00:10:00", .importe = "8"}));
         Settings s = ValoresPorDefecto();
         s.DiaFactura = 15;
         s.Festivos = {Fecha::Crear(2026, 3, 7)};
@@ -44,22 +44,22 @@ TEST_F(OrdenesComparar, LasTarifasConElBonoYLosFestivosDeLasOpciones) {
     EXPECT_EQ(Leer(datos / "Varibles.Dat"), opciones);
 
     EXPECT_EQ(std::tuple(c["desde"], c["hasta"], c["llamadas"], c["cobrado"]),
-              std::tuple("2026-03-03", "2026-03-07", 2, 107.5));
+              std::tuple("2026-03-03", "2026-03-07", 2, 108.0));
     // The holiday Saturday is 11.72 + 10 min at 1.04; Tuesday 11.72 + 60
     // min at 2.5, 30 of them paid by the bundle the Monday left.
     const nlohmann::json& m = c["tarifas"][0];
     EXPECT_EQ(m["tarifa"], "Metropolitana");
     EXPECT_NEAR(m["conBono"].get<double>(), 108.84, 1e-3);
     EXPECT_NEAR(m["sinBono"].get<double>(), 183.84, 1e-3);
-    EXPECT_NEAR(m["diferenciaConBono"].get<double>(), 1.34, 1e-3);
-    EXPECT_NEAR(m["diferenciaSinBono"].get<double>(), 76.34, 1e-3);
+    EXPECT_NEAR(m["diferenciaConBono"].get<double>(), 0.84, 1e-3);
+    EXPECT_NEAR(m["diferenciaSinBono"].get<double>(), 75.84, 1e-3);
     // BonoNet costs the same: the tie goes to the first.
     EXPECT_EQ(c["masBarata"]["tarifa"], "Metropolitana");
     EXPECT_EQ(c["masBarata"]["conBono"], true);
 
     const ResultadoCli texto =
         Ejecutar({"comparar", "--desde", "2026-03-03", "--hasta", "2026-03-07"});
-    EXPECT_EQ(texto.salida.find("Periodo: 03/03/2026 - 07/03/2026\nLlamadas: 2\nCobrado: 107.50\n"),
+    EXPECT_EQ(texto.salida.find("Periodo: 03/03/2026 - 07/03/2026\nLlamadas: 2\nCobrado: 108.00\n"),
               0u)
         << texto.salida;
     EXPECT_NE(texto.salida.find("La mas barata: Metropolitana con bonos (108.84).\n"),
@@ -98,8 +98,8 @@ TEST_F(OrdenesComparar, PeriodoNEsElEnesimoAntesDelActual) {
 }
 
 TEST_F(OrdenesComparar, PrevisionConElPresupuestoDeLaCarpeta) {
-    // From 3 March to 2 April, 31 days, the 20th the 18th of them; 100 and
-    // 7,5 are shown as 100 and 8: 108 spent, 6 a day, 186 at the end.
+    // From 3 March to 2 April, 31 days, the 20th the 18th of them: 108
+    // spent, 6 a day, 186 at the end.
     const std::vector<std::string> orden = {"prevision", "--hoy", "2026-03-20", "--json"};
     EXPECT_EQ(Json(orden), nlohmann::json::parse(R"({"desde": "2026-03-03",
         "hasta": "2026-04-02", "hoy": "2026-03-20", "diasPeriodo": 31, "diasTranscurridos": 18,
