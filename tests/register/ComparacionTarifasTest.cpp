@@ -1,15 +1,15 @@
-// The tariff comparison against the register's own re-pricing: a year of
-// calls, every tariff of the shipped book, with the user's bundles and
-// without, over the whole register and over a month of it.
+// The tariff comparison, worked by hand on three calls of the shipped book:
+// a long Monday call that is not compared but uses up most of the day bundle,
+// a Tuesday hour whose first half the bundle's last 30 minutes cover, and ten
+// Saturday minutes, night for the bundles.
 
 #include "register/ComparacionTarifas.h"
 
 #include "CarpetaTemporal.h"
-#include "LlamadasSimuladas.h"
+#include "RegistroAMano.h"
 #include "core/Errores.h"
-#include "register/Importe.h"
+#include "tariff/LibroPorDefecto.h"
 
-#include <charconv>
 #include <gtest/gtest.h>
 
 using namespace vorimesk;
@@ -20,133 +20,76 @@ namespace {
 class Comparacion : public CarpetaTemporal {
 protected:
     void SetUp() override {
-        LlenarConLlamadas(registro, dir, Fecha::Crear(2026, 1, 1), 365);
-        bono.DiaFactura(15);
-        bono.DarAlta(0, Fecha::Crear(2026, 1, 1)); // 10DIA
-        bono.DarAlta(2, Fecha::Crear(2026, 1, 1)); // 10NOCHE
-        // The register as the program keeps it: priced by its own re-pricing.
-        cBono programa(bono);
-        registro.ModificarLog(programa, festivos);
+        InstalarLibroPorDefecto(dir);
+        const auto dia = [](int d) { return Fecha::Crear(2026, 3, d).AOle(); };
+        AñadirLlamadas(
+            registro,
+            {{.dia = dia(2), .hora = 8 / 24.0, .duracion = "09:30:00"},
+             {.dia = dia(3), .hora = 10 / 24.0, .duracion = "01:00:00", .importe = "100"},
+             {.dia = dia(7), .hora = 10 / 24.0, .duracion = "00:10:00", .importe = "7,5"}});
+        bono.DarAlta(0, Fecha::Crear(2026, 1, 1)); // 10DIA, ten hours
     }
-
-    // A copy of the register whose calls all use `tarifa`, re-priced with
-    // the register's own re-pricing and `ledger`.
-    Log Copia(const std::string& tarifa, const cBono& ledger) const {
-        Log copia(dir);
-        for (int i = 0; i < registro.Count(); ++i) {
-            RegistroLlamada r = registro.Registro(i);
-            r.Tarifa.Poner(tarifa);
-            copia.AñadirItem(r);
-        }
-        cBono programa(ledger);
-        copia.ModificarLog(programa, festivos);
-        return copia;
-    }
-
-    // The amounts the register lists, added up in register order.
-    static double Suma(const Log& log, const std::vector<int>& indices) {
-        double total = 0.0;
-        for (const int i : indices) {
-            const std::string t = log.importe(i);
-            double v = 0.0;
-            std::from_chars(t.data(), t.data() + t.size(), v);
-            total += v;
-        }
-        return total;
-    }
-
-    std::vector<int> Todas() const {
-        std::vector<int> v;
-        for (int i = 0; i < registro.Count(); ++i) {
-            v.push_back(i);
-        }
-        return v;
-    }
-    // From 20 June to 10 July: the calls of June before the 20th have drawn
-    // on the bundles these find, which are refilled in July.
-    std::vector<int> Junio() const {
-        std::vector<int> v;
-        for (int i = 0; i < registro.Count(); ++i) {
-            const Fecha dia = registro.Dia(i);
-            if (Fecha::Crear(2026, 6, 20) <= dia && dia <= Fecha::Crear(2026, 7, 10)) {
-                v.push_back(i);
-            }
-        }
-        return v;
-    }
-
     Log registro{dir};
     cBono bono;
-    std::vector<Fecha> festivos = {Fecha::Crear(2026, 1, 6), Fecha::Crear(2026, 8, 15)};
 };
 
 } // namespace
 
-TEST_F(Comparacion, CadaTarifaCuestaLoQueElRegistroCobrariaConElla) {
-    ASSERT_GT(registro.Count(), 300);
-    cBono sinBonos(bono);
-    sinBonos.Limpiar();
-    for (const std::vector<int>& elegidas : {Todas(), Junio()}) {
-        const ComparacionTarifas c = CompararTarifas(registro, elegidas, dir, bono, festivos);
-        EXPECT_EQ(c.Llamadas, static_cast<int>(elegidas.size()));
-        EXPECT_EQ(c.Cobrado, Suma(registro, elegidas));
-        ASSERT_EQ(c.Tarifas.size(), 5u);
-        for (const TotalTarifa& t : c.Tarifas) {
-            SCOPED_TRACE(t.Tarifa);
-            EXPECT_EQ(t.ConBono, Suma(Copia(t.Tarifa, bono), elegidas));
-            EXPECT_EQ(t.SinBono, Suma(Copia(t.Tarifa, sinBonos), elegidas));
-            EXPECT_EQ(t.DiferenciaConBono, t.ConBono - c.Cobrado);
-            EXPECT_EQ(t.DiferenciaSinBono, t.SinBono - c.Cobrado);
-            // The bundles make some calls free and no call dearer.
-            EXPECT_LT(t.ConBono, t.SinBono);
-        }
+TEST_F(Comparacion, CadaTarifaDelLibroConYSinBonos) {
+    // 11.72 a call; per minute on a weekday and on Saturday at 10:00: 2.5 and
+    // 2.5, 2.5 and 1.04 (BonoNet's Saturday is all reduced), 13.71, 29.75,
+    // 2.5. Without bonos 60 + 10 minutes are paid, with them 30 + 10.
+    const ComparacionTarifas c = CompararTarifas(registro, {2, 1, 2}, dir, bono, {});
+    EXPECT_EQ(c.Llamadas, 2);
+    EXPECT_EQ(c.Cobrado, 107.5);
+    struct Fila {
+        const char* tarifa;
+        double sinBono, conBono;
+    };
+    const Fila tabla[] = {{"Metropolitana", 198.44, 123.44},
+                          {"BonoNet", 183.84, 108.84},
+                          {"Provincial", 983.14, 571.84},
+                          {"Interprovincial", 2105.94, 1213.44},
+                          {"Infovia", 198.44, 123.44}};
+    ASSERT_EQ(c.Tarifas.size(), 5u);
+    for (std::size_t i = 0; i < 5; ++i) {
+        const TotalTarifa& t = c.Tarifas[i];
+        EXPECT_EQ(t.Tarifa, tabla[i].tarifa);
+        EXPECT_NEAR(t.SinBono, tabla[i].sinBono, 1e-3) << t.Tarifa;
+        EXPECT_NEAR(t.ConBono, tabla[i].conBono, 1e-3) << t.Tarifa;
+        EXPECT_NEAR(t.DiferenciaSinBono, tabla[i].sinBono - 107.5, 1e-3) << t.Tarifa;
+        EXPECT_NEAR(t.DiferenciaConBono, tabla[i].conBono - 107.5, 1e-3) << t.Tarifa;
     }
-}
-
-TEST_F(Comparacion, LaTarifaUsadaDaExactamenteElTotalDelRegistro) {
-    // A register whose calls all used "Metropolitana", as most users' do.
-    registro = Copia("Metropolitana", bono);
-    const ComparacionTarifas c = CompararTarifas(registro, Todas(), dir, bono, festivos);
-    ASSERT_EQ(c.Tarifas.at(0).Tarifa, "Metropolitana");
-    EXPECT_EQ(c.Tarifas[0].ConBono, c.Cobrado);
-    EXPECT_EQ(c.Tarifas[0].DiferenciaConBono, 0.0);
-    // The dearer long-distance tariffs are never the cheapest.
-    EXPECT_TRUE(c.Tarifas[static_cast<std::size_t>(c.MasBarata)].Tarifa == "Metropolitana" ||
-                c.Tarifas[static_cast<std::size_t>(c.MasBarata)].Tarifa == "BonoNet");
+    EXPECT_EQ(c.MasBarata, 1);
     EXPECT_TRUE(c.MasBarataConBono);
+
+    // A holiday on Tuesday is all reduced (1.04) and night: no bundle.
+    const TotalTarifa festivo =
+        CompararTarifas(registro, {1, 2}, dir, bono, {Fecha::Crear(2026, 3, 3)}).Tarifas[0];
+    EXPECT_NEAR(festivo.SinBono, 110.84, 1e-3);
+    EXPECT_NEAR(festivo.ConBono, 110.84, 1e-3);
 }
 
-TEST_F(Comparacion, ElRegistroYElBonoQuedanComoEstaban) {
-    std::vector<RegistroLlamada> antes;
-    for (int i = 0; i < registro.Count(); ++i) {
-        antes.push_back(registro.Registro(i));
-    }
-    const std::string bonoAntes = bono.TotalTiempoGrupo(0) + bono.TotalTiempoGrupo(1);
-    CompararTarifas(registro, Junio(), dir, bono, festivos);
-    for (int i = 0; i < registro.Count(); ++i) {
-        ASSERT_EQ(registro.Registro(i), antes[static_cast<std::size_t>(i)]) << i;
-    }
-    EXPECT_EQ(bono.TotalTiempoGrupo(0) + bono.TotalTiempoGrupo(1), bonoAntes);
+TEST_F(Comparacion, UnEmpateVaALaPrimeraTarifaYSinBonos) {
+    // Tuesday alone and no bundle: 161.72 for Metropolitana, BonoNet and Infovia.
+    ComparacionTarifas c = CompararTarifas(registro, {1}, dir, cBono(), {});
+    EXPECT_NEAR(c.Tarifas[4].SinBono, 161.72, 1e-3);
+    EXPECT_EQ(c.Tarifas[4].ConBono, c.Tarifas[4].SinBono);
+    EXPECT_EQ(std::pair(c.MasBarata, c.MasBarataConBono), std::pair(0, false));
+    // Saturday alone: the bundle covers nothing, BonoNet is the cheapest.
+    c = CompararTarifas(registro, {2}, dir, bono, {});
+    EXPECT_EQ(std::pair(c.MasBarata, c.MasBarataConBono), std::pair(1, false));
 }
 
-TEST_F(Comparacion, SinBonosAmbosTotalesCoincidenYGanaElDeSinBonos) {
-    cBono vacio;
-    vacio.DiaFactura(15);
-    const ComparacionTarifas c = CompararTarifas(registro, Junio(), dir, vacio, festivos);
-    for (const TotalTarifa& t : c.Tarifas) {
-        EXPECT_EQ(t.ConBono, t.SinBono) << t.Tarifa;
-    }
-    EXPECT_FALSE(c.MasBarataConBono);
-}
+TEST_F(Comparacion, NoCambiaNadaYRechazaLlamadasQueNoEstan) {
+    const RegistroLlamada antes = registro.Registro(1);
+    CompararTarifas(registro, {1}, dir, bono, {});
+    EXPECT_EQ(registro.Registro(1), antes);
+    EXPECT_EQ(bono.tiempo(0), "10:00:00");
 
-TEST_F(Comparacion, SinLlamadasOLlamadaInexistente) {
-    const ComparacionTarifas c = CompararTarifas(registro, {}, dir, bono, festivos);
-    EXPECT_EQ(c.Llamadas, 0);
-    EXPECT_EQ(c.Cobrado, 0.0);
-    for (const TotalTarifa& t : c.Tarifas) {
-        EXPECT_EQ(t.ConBono, 0.0);
-        EXPECT_EQ(t.SinBono, 0.0);
-    }
-    EXPECT_THROW(CompararTarifas(registro, {registro.Count()}, dir, bono, festivos), ErrorIndice);
-    EXPECT_THROW(CompararTarifas(registro, {-1}, dir, bono, festivos), ErrorIndice);
+    const ComparacionTarifas nada = CompararTarifas(registro, {}, dir, bono, {});
+    EXPECT_EQ(std::pair(nada.Llamadas, nada.Cobrado), std::pair(0, 0.0));
+    EXPECT_EQ(nada.Tarifas.at(2).ConBono, 0.0);
+    EXPECT_THROW(CompararTarifas(registro, {3}, dir, bono, {}), ErrorIndice);
+    EXPECT_THROW(CompararTarifas(registro, {-1}, dir, bono, {}), ErrorIndice);
 }

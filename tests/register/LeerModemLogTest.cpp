@@ -4,10 +4,11 @@
 // pppd hook writes too.
 
 #include "CarpetaTemporal.h"
+#include "RegistroAMano.h"
+#include "SesionesModem.h"
 #include "TarifaAMano.h"
 #include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
-#include "platform/LineasModemLog.h"
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "tariff/LibroPorDefecto.h"
@@ -31,17 +32,6 @@ Fecha Lunes(int h, int m, int s = 0) {
     return Fecha::Crear(2026, 3, 2, h, m, s); // a Monday
 }
 
-std::string Subida(Fecha t, const std::string& entrada = "casa") {
-    return BloqueSubida(t, {"ppp0", "/dev/ttyS0", entrada, "115200"});
-}
-std::string Bajada(Fecha t, std::uint64_t recibidos = 1536, std::uint64_t enviados = 2560) {
-    return BloqueBajada(t, {recibidos, enviados});
-}
-std::string Sesion(Fecha desde, Fecha hasta, std::uint64_t recibidos = 1536,
-                   std::uint64_t enviados = 2560) {
-    return Subida(desde) + Bajada(hasta, recibidos, enviados);
-}
-
 class LeerModemLog : public CarpetaTemporal {
 protected:
     void SetUp() override {
@@ -61,11 +51,8 @@ protected:
     std::tuple<std::string, std::string, std::string, int> Llamada(int i) const {
         return {log.Tarifa(i), log.Conexion(i), log.importe(i), log.Bono(i)};
     }
-    // A call already in the register before the run.
-    void UnaLlamadaPrevia() {
-        log.AñadirItem(Fecha::Crear(1999, 11, 15), Fecha::DesdeSegundos(43200), "00:05:00", "125",
-                       0, "Metropolitana", "Casa", "", 0, 1, 2);
-    }
+    // A call already in the register before the run: 15/11/1999, "125".
+    void UnaLlamadaPrevia() { AñadirLlamadas(log, {{}}); }
 
     Log log{fs::path()};
     cBono bono;
@@ -113,26 +100,6 @@ TEST_F(LeerModemLog, UnaUltimaSesionSinTerminarGuardaElLogParaMasTarde) {
     EXPECT_EQ(log.Count(), 3);
     EXPECT_EQ(bono.tiempo(0), "09:25:00");
     EXPECT_FALSE(Existe(ModemLog()));
-}
-
-TEST_F(LeerModemLog, SoloLasLlamadasQueQuedanGastanBono) {
-    bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA, paid from as no discount is pending
-    const std::string conectado = LineaModemLog(Lunes(10, 0), "CONNECT 115200");
-    // A log that begins after its "in use" counts 30: the session is priced
-    // but no call is appended, and the log goes.
-    Escribir(ModemLog(), conectado + Bajada(Lunes(10, 30)));
-    EXPECT_TRUE(Añadir());
-    EXPECT_EQ(log.Count(), 0);
-    EXPECT_EQ(bono.tiempo(0), "10:00:00");
-
-    // A session closed with no byte counts yields no call; only the next,
-    // complete one, draws on the bundle.
-    Escribir(ModemLog(), LineaModemLog(Lunes(10, 0), "Modem in use: ppp0 /dev/ttyS0 casa") +
-                             conectado + LineaModemLog(Lunes(10, 30), "Modem closed.") +
-                             Sesion(Lunes(11, 0), Lunes(11, 5)));
-    EXPECT_TRUE(Añadir());
-    EXPECT_EQ(log.Count(), 1);
-    EXPECT_EQ(bono.tiempo(0), "09:55:00");
 }
 
 TEST_F(LeerModemLog, LineasSinClaveTrasUnaSesionRepitenSuLlamada) {
@@ -206,7 +173,8 @@ TEST_F(LeerModemLog, SinLogOVacioNoHayNadaQueLeer) {
     EXPECT_EQ(log.Count(), 1);
 }
 
-TEST_F(LeerModemLog, SesionesIncompletasSegunSuContador) {
+TEST_F(LeerModemLog, SesionesIncompletasSegunSuContadorNoSonLlamadasNiGastanBono) {
+    bono.DarAlta(0, Fecha::Crear(2026, 3, 1)); // 10DIA, paid from as no discount is pending
     // No call, but each session is finished, so the log goes: up and closed
     // with no byte counts (1 + 2 + 16), a log that begins after its "in use"
     // (2 + 4 + 8 + 16 = 30) and only the end of a session (4 + 8 + 16).
@@ -217,8 +185,17 @@ TEST_F(LeerModemLog, SesionesIncompletasSegunSuContador) {
         Escribir(ModemLog(), incompleta);
         EXPECT_TRUE(Añadir()) << incompleta;
         EXPECT_EQ(log.Count(), 0);
+        EXPECT_EQ(bono.tiempo(0), "10:00:00");
         EXPECT_FALSE(Existe(ModemLog()));
     }
+    // Only the complete session after one closed with no bytes draws on it.
+    Escribir(ModemLog(), LineaModemLog(Lunes(10, 0), "Modem in use: ppp0 /dev/ttyS0 casa") +
+                             LineaModemLog(Lunes(10, 0), "CONNECT 115200") +
+                             LineaModemLog(Lunes(10, 30), "Modem closed.") +
+                             Sesion(Lunes(11, 0), Lunes(11, 5)));
+    EXPECT_TRUE(Añadir());
+    EXPECT_EQ(log.Count(), 1);
+    EXPECT_EQ(bono.tiempo(0), "09:55:00");
 }
 
 TEST_F(LeerModemLog, UnLogQueNoFormaFechasNoCambiaNada) {

@@ -3,6 +3,7 @@
 #include "CarpetaTemporal.h"
 #include "RegistroAMano.h"
 #include "core/Errores.h"
+#include "register/LogModem.h"
 
 #include <climits>
 #include <cmath>
@@ -168,6 +169,15 @@ TEST_F(RegistroLog, SalvarDejaElAnteriorComoBak) {
     EXPECT_TRUE(Existe(Registro()));
 }
 
+TEST_F(RegistroLog, SinNombreLibreParaEnlazarLaCopiaSeEscribeEntera) {
+    Escribir(Registro(), Llamadas({Dia(36479)}));
+    for (int i = 0; i < 100; ++i) {
+        Escribir(dir / ("RegDat.bak." + std::to_string(::getpid()) + "." + std::to_string(i)), "");
+    }
+    Cargado().SalvarLog();
+    EXPECT_EQ(Leer(Bak()), Llamadas({Dia(36479)}));
+}
+
 TEST_F(RegistroLog, UnFalloAlGuardarNoTocaNadaDelUsuario) {
     if (::geteuid() == 0) {
         GTEST_SKIP() << "root escribe en carpetas de solo lectura";
@@ -240,6 +250,13 @@ TEST_F(RegistroLog, NoMasDe32767Llamadas) {
     otro.AñadirItem(r);
     EXPECT_THROW(otro.CargarLog(), ErrorDesbordamiento);
     EXPECT_EQ(otro.Count(), 1);
+}
+
+TEST(LogModem, ElSelloDeUnaLineaVaEnSusDiecinueveColumnas) {
+    // The stamp alone is a whole line; year 100 is the first a register date holds.
+    EXPECT_EQ(FechaHoraDeLinea("01-15-0100 14:05:00"), Fecha::Crear(100, 1, 15, 14, 5, 0));
+    EXPECT_THROW(FechaHoraDeLinea("01-15-0100 14:05:0"), ErrorTipo);
+    EXPECT_THROW(FechaHoraDeLinea("01-15-0099 14:05:00"), ErrorTipo);
 }
 
 TEST_F(RegistroLog, DateConexionLeeElUltimoInicioDeSesion) {

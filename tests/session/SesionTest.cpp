@@ -168,10 +168,10 @@ TEST_F(SesionCarpeta, ElPeriodoEsElQueContieneHoy) {
     s.LeerAjustes();
     s.CargarRegistro();
     s.CalcularPeriodo();
-    // The current one, of those from the first call on.
-    EXPECT_LT(Fecha::Crear(2023, 2, 1), s.Datos().InicioPeriodo);
-    EXPECT_LE(s.Datos().InicioPeriodo, reloj.Hoy());
-    EXPECT_LE(reloj.Hoy(), s.Datos().FinPeriodo);
+    // After the billing day the first call's period runs to the 1st of the
+    // next month and the later ones from the 2nd; today is 10 March.
+    EXPECT_EQ(s.Datos().InicioPeriodo, Fecha::Crear(2023, 3, 2));
+    EXPECT_EQ(s.Datos().FinPeriodo, Fecha::Crear(2023, 3, 10));
 }
 
 } // namespace

@@ -1,9 +1,13 @@
 #pragma once
 // Register file records put together byte by byte from the record layout,
-// without the code under test, so the files it writes can be compared.
+// without the code under test, so the files it writes can be compared; and
+// the one way tests fill a register with calls.
+
+#include "register/Log.h"
 
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <string>
 
 namespace vorimesk::prueba {
@@ -52,6 +56,13 @@ inline std::string RegistroAMano(const CamposAMano& c) {
     PonerLE(r, 77, static_cast<std::uint32_t>(c.recibidos), 4);
     PonerLE(r, 81, static_cast<std::uint32_t>(c.enviados), 4);
     return r;
+}
+
+// Appends calls to a register, each as the file would hold it.
+inline void AñadirLlamadas(Log& registro, std::initializer_list<CamposAMano> llamadas) {
+    for (const CamposAMano& c : llamadas) {
+        registro.AñadirItem(RegistroLlamada::Decodificar(RegistroAMano(c).data()));
+    }
 }
 
 } // namespace vorimesk::prueba

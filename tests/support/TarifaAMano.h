@@ -48,9 +48,4 @@ inline std::int16_t PonerTarifa(cLlamada& libro, const std::string& nombre,
     return i;
 }
 
-// The cost of n seconds at a price per minute, as pricing computes it.
-inline float Tramo(float precio, int n) {
-    return precio / 60.0f * static_cast<float>(n);
-}
-
 } // namespace vorimesk::prueba

@@ -31,29 +31,29 @@ protected:
 
 TEST_F(Precio, LosExtremosDeLaFranjaNormalSonInclusivos) {
     ASSERT_TRUE(libro.Datos(Lunes(17, 59, 0), Lunes(18, 1, 0), nullptr, "Local"));
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 60) + Tramo(1.5, 60));
+    EXPECT_FLOAT_EQ(libro.importe(), 14.5f); // 10 + 3 + 1.5
     EXPECT_EQ(std::tuple(libro.TipoActual(), libro.Tipo()), std::tuple(0, 1));
     EXPECT_EQ(libro.Duracion(), "00:02:00");
 
     libro.Datos(Lunes(17, 59, 59), Lunes(18, 0, 0), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 1));
+    EXPECT_FLOAT_EQ(libro.importe(), 10.05f);
     EXPECT_EQ(libro.Tipo(), 1); // 18:00:00 ya es reducida
 
     libro.Datos(Lunes(7, 59, 59), Lunes(8, 0, 1), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(1.5, 1) + Tramo(3, 1));
+    EXPECT_FLOAT_EQ(libro.importe(), 10.075f);
     EXPECT_EQ(std::tuple(libro.TipoActual(), libro.Tipo()), std::tuple(1, 0));
 }
 
 TEST_F(Precio, LaReducidaCruzaLaMedianoche) {
     // 23:00 -> 09:00 del martes: nueve horas de reducida y una de normal.
     libro.Datos(Lunes(23, 0), Fecha::Crear(2026, 3, 3, 9, 0, 0), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(1.5, 9 * 3600) + Tramo(3, 3600));
+    EXPECT_FLOAT_EQ(libro.importe(), 1000.0f); // 10 + 540 min a 1.5 + 60 a 3
     EXPECT_EQ(libro.Duracion(), "10:00:00");
     // Una franja que acaba a las 23:59:59 llega hasta la medianoche: domingo
     // 23:00 -> lunes 01:00 es una hora de festivo y otra de laborable.
     libro.Datos(Fecha::Crear(2026, 3, 8, 23, 0, 0), Fecha::Crear(2026, 3, 9, 1, 0, 0), nullptr,
                 "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(0.75, 3600) + Tramo(1.5, 3600));
+    EXPECT_FLOAT_EQ(libro.importe(), 145.0f); // 10 + 45 + 90
 }
 
 TEST_F(Precio, ElTipoDeDiaSeTomaAlEmpezarCadaTramo) {
@@ -61,12 +61,12 @@ TEST_F(Precio, ElTipoDeDiaSeTomaAlEmpezarCadaTramo) {
     // 08:00 del sabado al precio del viernes; luego normal de sabado.
     libro.Datos(Fecha::Crear(2026, 3, 6, 20, 0, 0), Fecha::Crear(2026, 3, 7, 10, 0, 0), nullptr,
                 "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(1.5, 12 * 3600) + Tramo(5, 2 * 3600));
+    EXPECT_FLOAT_EQ(libro.importe(), 1690.0f); // 10 + 1080 + 600
     // Sabado 20:00 -> domingo 09:00: la reducida del sabado hasta las 08:00
     // y despues la de festivo.
     libro.Datos(Fecha::Crear(2026, 3, 7, 20, 0, 0), Fecha::Crear(2026, 3, 8, 9, 0, 0), nullptr,
                 "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(2, 12 * 3600) + Tramo(0.75, 3600));
+    EXPECT_FLOAT_EQ(libro.importe(), 1495.0f); // 10 + 1440 + 45
 }
 
 TEST_F(Precio, DomingosYFestivosDeSuAñoUsanLasFranjasDeFestivo) {
@@ -75,18 +75,18 @@ TEST_F(Precio, DomingosYFestivosDeSuAñoUsanLasFranjasDeFestivo) {
     EXPECT_EQ(libro.TipoDia(Lunes(12, 0)), 2);
     EXPECT_EQ(libro.TipoDia(Fecha::Crear(2027, 3, 2, 12, 0, 0)), 0); // no se repite cada año
     libro.Datos(Lunes(10, 0), Lunes(10, 10), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(0.75, 600));
+    EXPECT_FLOAT_EQ(libro.importe(), 17.5f);
     EXPECT_EQ(libro.TipoActual(), 1);
 }
 
 TEST_F(Precio, ElTiempoIncluidoSeLeeComoMinutosYSegundos) {
     libro.Valor(0, "Conexion.Tiempo", "00:03:30"); // 00:03 se lee 3 segundos
     libro.Datos(Lunes(10, 0), Lunes(10, 1), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 57));
+    EXPECT_FLOAT_EQ(libro.importe(), 12.85f); // 57 s a 3
 
     libro.Valor(0, "Conexion.Tiempo", "03:30"); // 3 minutos 30 segundos
     libro.Datos(Lunes(10, 0), Lunes(10, 5), nullptr, "Local");
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(3, 90));
+    EXPECT_FLOAT_EQ(libro.importe(), 14.5f); // 90 s a 3
     // Llamada mas corta que el tiempo incluido: solo el establecimiento.
     libro.Datos(Lunes(10, 0), Lunes(10, 2), nullptr, "Local");
     EXPECT_FLOAT_EQ(libro.importe(), 10.0f);
@@ -102,7 +102,7 @@ TEST_F(Precio, FranjasVacias) {
     libro.Valor(0, "Semana.Reducida.Fin", "18:00:00");
     libro.Datos(Lunes(12, 0), Lunes(12, 1), nullptr, "Local");
     EXPECT_EQ(libro.TipoActual(), -1);
-    EXPECT_FLOAT_EQ(libro.importe(), 10.0f + Tramo(1.5, 60));
+    EXPECT_FLOAT_EQ(libro.importe(), 11.5f);
     libro.Valor(0, "Semana.Reducida.Fin", "07:59:59");
     libro.Datos(Lunes(12, 0), Lunes(12, 1), nullptr, "Local");
     EXPECT_EQ(libro.TipoActual(), 1);
@@ -125,28 +125,21 @@ TEST_F(Precio, ElArchivoSeReleeEnCadaCalculo) {
     cLlamada otro(dir);
     otro.Valor(0, "Nombre", "Local"); // el hueco de reserva, sin archivo cargado
     otro.Datos(Lunes(10, 0), Lunes(10, 1), nullptr, "Local");
-    EXPECT_FLOAT_EQ(otro.importe(), 10.0f + Tramo(3, 60));
+    EXPECT_FLOAT_EQ(otro.importe(), 13.0f);
     libro.Valor(0, "Conexion.Importe", "20");
     libro.Save();
     otro.Datos(Lunes(10, 0), Lunes(10, 1), nullptr, "Local");
-    EXPECT_FLOAT_EQ(otro.importe(), 20.0f + Tramo(3, 60));
+    EXPECT_FLOAT_EQ(otro.importe(), 23.0f);
 }
 
 TEST_F(Precio, SeSumaEnPrecisionSimple) {
-    // 72 horas en siete tramos, sumados uno a uno en float sobre el
-    // establecimiento: sumarlo al final daria otro ultimo decimal.
+    // 72 horas en siete tramos: 11.72 + 719.975 + 3 x 1800 + 2 x 1260 +
+    // 540.025 = 9191.72 a mano. Sumados uno a uno en float sobre el
+    // establecimiento dan 9191.7207; sumarlos al final daria 9191.7197.
     libro.Valor(0, "Conexion.Importe", "11.72");
     const Fecha inicio = Lunes(0, 0, 1);
-    const Fecha fin = inicio.MasSegundos(72 * 3600);
-    libro.Datos(inicio, fin, nullptr, "Local");
-    float esperado = 11.72f + Tramo(1.5, 8 * 3600 - 1);
-    for (int dia = 0; dia < 2; ++dia) {
-        esperado += Tramo(3, 10 * 3600);
-        esperado += Tramo(1.5, 14 * 3600);
-    }
-    esperado += Tramo(3, 10 * 3600);
-    esperado += Tramo(1.5, 6 * 3600 + 1);
-    EXPECT_EQ(libro.importe(), esperado);
+    libro.Datos(inicio, inicio.MasSegundos(72 * 3600), nullptr, "Local");
+    EXPECT_EQ(libro.importe(), 9191.7207f);
     EXPECT_EQ(libro.Duracion(), "72:00:00");
 }
 

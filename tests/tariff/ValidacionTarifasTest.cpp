@@ -66,6 +66,11 @@ TEST(Validacion, NombresQueElArchivoNoPuedeGuardar) {
 }
 
 TEST(Validacion, ImportesQueNoSonNumerosONoCaben) {
+    LibroEditable negativo;
+    negativo.Tarifa(negativo.Añadir("Negativo")).Valor("Semana.Normal.Importe", "-1");
+    EXPECT_NE(Mensajes(negativo).find("(-1) no puede ser negativo."), std::string::npos)
+        << Mensajes(negativo);
+
     const char* k = "Sabado.Reducida.Importe";
     for (const char* bien : {"1234567", ".5", " 2. "}) {
         EXPECT_EQ(Problemas({{k, bien}}), V{}) << bien;
