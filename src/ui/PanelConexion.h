@@ -28,7 +28,7 @@ inline const QString kComoAñadirConexion =
     "/etc/ppp/peers (por ejemplo con pppconfig) o una conexion de banda ancha movil o de "
     "acceso telefonico en NetworkManager (nm-connection-editor).";
 inline const QString kSinConexionesEstado =
-    "Sin conexiones: añada un par de pppd en /etc/ppp/peers o una conexion de NetworkManager.";
+    "Sin conexiones: añada un par en /etc/ppp/peers o una de NetworkManager.";
 
 class PanelConexion : public QWidget {
     Q_OBJECT
