@@ -70,11 +70,13 @@ std::optional<std::string> LineaSuceso(const SucesoMonitor& s, const MonitorCone
         return "Programa al conectar (no se abre desde la linea de ordenes): " + s.texto;
     case SucesoMonitor::Tipo::LogSinCerrar:
     case SucesoMonitor::Tipo::SinRegistroSistema:
+    case SucesoMonitor::Tipo::LlamadasCorregidas:
         return s.texto;
     case SucesoMonitor::Tipo::ErrorRegistro:
         return "Error del registro: " + s.texto;
     case SucesoMonitor::Tipo::BonoRenovado:
         return std::string("Bonos renovados para el nuevo periodo de factura.");
+
     case SucesoMonitor::Tipo::LlamadasAnotadas: // the caller lists them from the register
     case SucesoMonitor::Tipo::MostrarMini:
     case SucesoMonitor::Tipo::RellenarRegistro:

@@ -21,6 +21,7 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarOrdenComparar(aplicacion);
     RegistrarOrdenPrevision(aplicacion);
     RegistrarOrdenVigilar(aplicacion);
+    RegistrarOrdenesLinea(aplicacion);
 }
 
 } // namespace vorimesk::cli

@@ -10,5 +10,6 @@ void RegistrarCalcular(AplicacionCli& aplicacion);
 void RegistrarPeriodos(AplicacionCli& aplicacion);
 void RegistrarTarifas(AplicacionCli& aplicacion);
 void RegistrarOrdenVigilar(AplicacionCli& aplicacion); // vigilar
+void RegistrarOrdenesLinea(AplicacionCli& aplicacion); // marcar, colgar
 
 } // namespace vorimesk::cli

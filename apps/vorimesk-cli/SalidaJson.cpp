@@ -70,6 +70,9 @@ void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
     case SucesoMonitor::Tipo::BonoRenovado:
         Escribir("bono_renovado", m.ahora);
         break;
+    case SucesoMonitor::Tipo::LlamadasCorregidas:
+        Escribir("llamadas_corregidas", m.ahora, {{"llamadas", s.llamadas}});
+        break;
     case SucesoMonitor::Tipo::MostrarMini:
     case SucesoMonitor::Tipo::RellenarRegistro:
         break;

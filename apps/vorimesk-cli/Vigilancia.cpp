@@ -6,8 +6,6 @@
 #include "platform/LecturaFuente.h"
 #include "platform/LineasModemLog.h"
 
-#include <cstdlib>
-
 namespace vorimesk::cli {
 namespace {
 
@@ -44,7 +42,7 @@ void Vigilancia::Iniciar() {
     linea_ = std::make_unique<LineaPlataforma>(*plataforma_.marcador);
     monitor_ = std::make_unique<MonitorConexion>(*reloj_, sesion_.Ajustes(), sesion_.Bono(),
                                                  sesion_.Pendientes(), sesion_.RegistroDelMonitor(),
-                                                 *linea_, carpeta_, OpcionesMonitor());
+                                                 *linea_, carpeta_);
     observador_.Comienzo({reloj_->Ahora(), carpeta_, rutaModemLog_, simulada_});
     TomarSesionesDelSistema();
 }
@@ -62,20 +60,6 @@ void Vigilancia::TomarSesionesDelSistema() {
     if (!toma.Error.empty()) {
         observador_.Suceso({SucesoMonitor::Tipo::ErrorRegistro, toma.Error}, momento);
     }
-}
-
-// VORIMESK_ESPERA_LOG (seconds) shortens the wait for the session log, so the
-// fault rig sees the meter's own records become calls in a few seconds.
-MonitorConexion::Opciones Vigilancia::OpcionesMonitor() {
-    MonitorConexion::Opciones o;
-    if (const char* v = std::getenv("VORIMESK_ESPERA_LOG")) {
-        char* fin = nullptr;
-        const long segundos = std::strtol(v, &fin, 10);
-        if (fin != v && *fin == '\0' && segundos > 0) {
-            o.esperaLogSegundos = segundos;
-        }
-    }
-    return o;
 }
 
 Vigilancia::~Vigilancia() = default;
@@ -112,6 +96,16 @@ void Vigilancia::Paso() {
 }
 
 void Vigilancia::Guardar() {
+    if (monitor_) {
+        // Every call that has ended is in the register before the exit.
+        const MonitorConexion::Sucesos sucesos = monitor_->Parar();
+        sesion_.TrasSucesos(sucesos);
+        const LecturaConexion sinLectura{};
+        const MomentoVigilancia momento{reloj_->Ahora(), sinLectura, *monitor_, sesion_.Registro()};
+        for (const SucesoMonitor& s : sucesos) {
+            observador_.Suceso(s, momento);
+        }
+    }
     sesion_.Guardar();
 }
 

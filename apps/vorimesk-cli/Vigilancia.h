@@ -43,7 +43,8 @@ public:
     // Time of the scripted modem moves on by one second.
     void Avanzar();
     bool Simulada() const { return simulada_; }
-    // The normal end: the session writes what it keeps until the exit.
+    // The normal end: the ended calls still waiting for the system's
+    // session are recorded, and the session writes what it keeps.
     void Guardar();
 
     const std::string& RutaModemLog() const { return rutaModemLog_; }
@@ -51,7 +52,6 @@ public:
 private:
     std::string RutaLogModem() const;
     void TomarSesionesDelSistema();
-    static MonitorConexion::Opciones OpcionesMonitor();
 
     std::filesystem::path carpeta_;
     bool simulada_;

@@ -35,6 +35,9 @@ struct LecturaConexion {
     std::string Sesion = {};
     std::string Interfaz = {};
     int Pid = 0;
+    // A pppd that runs the journal hook may carry the link; false for links
+    // that never get a session in the journal (NetworkManager's).
+    bool ConDiario = true;
     // Bytes of the link so far (the final ones for kDesconectado), when known.
     std::optional<std::uint64_t> Recibidos = {};
     std::optional<std::uint64_t> Enviados = {};

@@ -49,6 +49,7 @@ std::string LlamadaVista::Texto() const {
     campo("recibidos", std::to_string(Recibidos));
     campo("enviados", std::to_string(Enviados));
     campo("abierta", Abierta ? "1" : "0");
+    campo("diario", ConDiario ? "1" : "0");
     return t;
 }
 
@@ -92,6 +93,7 @@ std::optional<LlamadaVista> LlamadaVista::Leer(std::string_view texto) {
     v.Recibidos = *rx;
     v.Enviados = *tx;
     v.Abierta = campos["abierta"] != "0";
+    v.ConDiario = campos["diario"] != "0";
     return v;
 }
 

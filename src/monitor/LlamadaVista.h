@@ -30,6 +30,9 @@ struct LlamadaVista {
     std::uint64_t Recibidos = 0;
     std::uint64_t Enviados = 0;
     bool Abierta = true; // the call was still up at the last save
+    // A pppd that runs the journal hook carries the link, so a session of
+    // the system's journal may come for it (not for NetworkManager's links).
+    bool ConDiario = true;
 
     bool operator==(const LlamadaVista&) const = default;
 

@@ -1,5 +1,6 @@
 #include "LlamadasPropias.h"
 
+#include "PropiasAnotadas.h"
 #include "core/Errores.h"
 
 #include <algorithm>
@@ -110,7 +111,33 @@ void LlamadasPropias::Cubrir(const RegistroMonitor& registro, int desde, Fecha a
     }
 }
 
+void LlamadasPropias::CubrirSesiones(const std::vector<LlamadaAnotada>& sesiones, Fecha ahora) {
+    for (const LlamadaAnotada& a : sesiones) {
+        if (!CubrirUna(a)) {
+            sinNota_.push_back({a, ahora});
+        }
+    }
+}
+
+// The record of the same link that shares the most time with the session.
+bool LlamadasPropias::CubrirEnlace(const LlamadaAnotada& a) {
+    std::vector<PropiaAnotada> enlaces;
+    for (const Registro& r : esperando_) {
+        enlaces.push_back({r.vista.Interfaz, r.vista.Pid, r.vista.Inicio, r.vista.Fin, {}});
+    }
+    const auto i = PropiasAnotadas::Buscar(enlaces, a.Interfaz, a.Pid, a.Inicio, a.Fin);
+    if (!i) {
+        return false;
+    }
+    archivo_.Borrar(esperando_[*i].nombre);
+    esperando_.erase(esperando_.begin() + static_cast<std::ptrdiff_t>(*i));
+    return true;
+}
+
 bool LlamadasPropias::CubrirUna(const LlamadaAnotada& a) {
+    if (!a.Interfaz.empty()) {
+        return CubrirEnlace(a);
+    }
     auto mejor = esperando_.end();
     std::int64_t distancia = kToleranciaInicio + 1;
     for (auto it = esperando_.begin(); it != esperando_.end(); ++it) {
@@ -147,11 +174,12 @@ void LlamadasPropias::CubrirPendientes(Fecha ahora) {
 
 LlamadasPropias::Resultado LlamadasPropias::Vencidas(Fecha ahora, RegistroMonitor& registro,
                                                      cBono& bono,
-                                                     const std::vector<Fecha>& festivos) {
+                                                     const std::vector<Fecha>& festivos,
+                                                     bool todas) {
     Resultado res;
     CubrirPendientes(ahora);
     for (auto it = esperando_.begin(); it != esperando_.end();) {
-        if (ahora < it->plazo) {
+        if (!todas && ahora < it->plazo && registro.SesionPuedeLlegar(it->vista)) {
             ++it;
             continue;
         }

@@ -3,7 +3,9 @@
 // a call of the register.
 //
 // A record is written when the call opens and rewritten while it runs and
-// when it ends. After the end it waits, like the modem log, a bounded time:
+// when it ends. After the end it waits only while the system's session can
+// still come (a pppd that runs the hook, a readable journal, that pppd not
+// gone yet), and never longer than a bound:
 //  - a call the register takes from the system's session log covers the
 //    record, which is then dropped (matched by the session's "in use" stamp,
 //    or else by entry and a start close to the meter's own);
@@ -63,11 +65,17 @@ public:
     static constexpr std::int64_t kSegundosSinNota = 600;
 
     // Drops the records covered by the calls the register appended from
-    // position `desde` on.
+    // position `desde` on (calls of a modem log: start and entry).
     void Cubrir(const RegistroMonitor& registro, int desde, Fecha ahora);
-    // Turns the records whose wait is over into calls.
+    // Drops the records covered by sessions of the system's journal, each
+    // matched by interface, pppd pid when both know it, and the time the two
+    // have in common.
+    void CubrirSesiones(const std::vector<LlamadaAnotada>& sesiones, Fecha ahora);
+    // Turns the records whose wait is over into calls: the bound has passed,
+    // or the register says no session can come for them any more. With
+    // `todas` (the meter stops), every record of an ended call.
     Resultado Vencidas(Fecha ahora, RegistroMonitor& registro, cBono& bono,
-                       const std::vector<Fecha>& festivos);
+                       const std::vector<Fecha>& festivos, bool todas = false);
 
     bool HayAbierta() const { return abierta_.has_value(); }
     int Esperando() const { return static_cast<int>(esperando_.size()); }
@@ -84,6 +92,7 @@ private:
     };
     void Escribir(const Registro& r);
     bool CubrirUna(const LlamadaAnotada& a);
+    bool CubrirEnlace(const LlamadaAnotada& a);
     void CubrirPendientes(Fecha ahora);
     void CerrarSinLlamada(Registro r, Fecha ahora);
 

@@ -14,6 +14,13 @@ MonitorConexion::MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& b
       espera_(opciones.esperaLogSegundos),
       propias_(carpeta_, opciones.esperaLogSegundos, reloj.Ahora()) {}
 
+std::string MonitorConexion::TextoCorregidas(int n) {
+    const std::string plural = n == 1 ? "" : "s";
+    return "Corregida" + plural +
+           " con el registro de sesiones del sistema, que llego despues: " + std::to_string(n) +
+           " llamada" + plural + " anotada" + plural + " con lo que midio el contador.";
+}
+
 template <typename Paso> void MonitorConexion::Propias(Sucesos& s, Paso paso) {
     try {
         paso();
@@ -210,10 +217,27 @@ void MonitorConexion::AlSoltar(Sucesos& s) {
 }
 
 void MonitorConexion::LeerLog(Sucesos& s, bool rellenar) {
-    if (!espera_.Esperando()) {
-        AnotarPropias(s, rellenar);
-        return;
+    if (espera_.Esperando()) {
+        Esperar(s, rellenar);
     }
+    // The journal's sessions (also those taken at start-up) drop the
+    // meter's records of the same links, and tell of the calls they
+    // corrected.
+    const std::vector<LlamadaAnotada> entradas = registro_.TomarSesionesEntradas();
+    if (!entradas.empty()) {
+        Propias(s, [&] { propias_.CubrirSesiones(entradas, reloj_.Ahora()); });
+    }
+    if (const int corregidas = registro_.TomarCorregidas(); corregidas > 0) {
+        s.push_back({SucesoMonitor::Tipo::LlamadasCorregidas, TextoCorregidas(corregidas),
+                     MotivoAviso::Conectar, corregidas});
+        if (rellenar) {
+            s.push_back({SucesoMonitor::Tipo::RellenarRegistro, {}});
+        }
+    }
+    AnotarPropias(s, rellenar);
+}
+
+void MonitorConexion::Esperar(Sucesos& s, bool rellenar) {
     const int antes = registro_.Count();
     const std::optional<cConexion> abierta =
         perfil_ != nullptr && PerfilSigue() ? std::optional<cConexion>(*perfil_) : std::nullopt;
@@ -227,10 +251,14 @@ void MonitorConexion::LeerLog(Sucesos& s, bool rellenar) {
                                    abierta->Conexion());
     }
     if (r.Añadidas > 0) {
-        Propias(s, [&] { propias_.Cubrir(registro_, antes, reloj_.Ahora()); });
+        if (!registro_.HaySesionesEntradas()) {
+            // The modem log alone: its calls tell no link, only start and entry.
+            Propias(s, [&] { propias_.Cubrir(registro_, antes, reloj_.Ahora()); });
+        }
         Anotadas(r.Añadidas, s, rellenar);
     }
-    if (r.Abandonada) {
+    // Told only while a call still waits for it: the meter's records stand in.
+    if (r.Abandonada && propias_.Esperando() > 0) {
         s.push_back({SucesoMonitor::Tipo::LogSinCerrar,
                      "El registro del modem no se ha cerrado a tiempo; lo que no de se anota "
                      "con lo que midio el contador."});
@@ -238,7 +266,6 @@ void MonitorConexion::LeerLog(Sucesos& s, bool rellenar) {
     if (!r.Error.empty()) {
         s.push_back({SucesoMonitor::Tipo::ErrorRegistro, r.Error});
     }
-    AnotarPropias(s, rellenar);
 }
 
 // Saves the register at once and tells the caller.
@@ -254,9 +281,15 @@ void MonitorConexion::Anotadas(int n, Sucesos& s, bool rellenar) {
     }
 }
 
-void MonitorConexion::AnotarPropias(Sucesos& s, bool rellenar) {
+MonitorConexion::Sucesos MonitorConexion::Parar() {
+    Sucesos s;
+    AnotarPropias(s, true, true);
+    return s;
+}
+
+void MonitorConexion::AnotarPropias(Sucesos& s, bool rellenar, bool todas) {
     const LlamadasPropias::Resultado r =
-        propias_.Vencidas(reloj_.Ahora(), registro_, bono_, ajustes_.Festivos);
+        propias_.Vencidas(reloj_.Ahora(), registro_, bono_, ajustes_.Festivos, todas);
     if (!r.Error.empty()) {
         s.push_back({SucesoMonitor::Tipo::ErrorRegistro, r.Error});
     }
@@ -285,6 +318,7 @@ void MonitorConexion::AbrirPropia(const LecturaConexion& lectura, Sucesos& s) {
         v.Interfaz = lectura.Interfaz;
         v.Pid = lectura.Pid;
         v.Sesion = lectura.Sesion;
+        v.ConDiario = lectura.ConDiario;
         v.Recibidos = lectura.Recibidos.value_or(0);
         v.Enviados = lectura.Enviados.value_or(0);
         propias_.Abrir(std::move(v), reloj_.Ahora());

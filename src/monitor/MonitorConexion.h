@@ -27,7 +27,9 @@
 //
 // Ending a call stops the meter and takes the call from the modem log,
 // waiting for its closing lines a bounded time (see EsperaLogModem); a new
-// call does not cancel that wait. Calls that enter the register are saved at
+// call does not cancel that wait. The meter's own record of the call
+// becomes the call as soon as no session of the system can come for it
+// (LlamadasPropias). Calls that enter the register are saved at
 // once. Only a hang-up asked by the user (the button, the tray, an alert's
 // action) hangs up the entry: a link that dropped by itself is left to its
 // pppd, which may be redialling. After a hang-up asked by the user, state 2
@@ -102,6 +104,15 @@ public:
     // ends the call.
     Sucesos Soltar();
 
+    // What the user is told when late sessions corrected `n` calls.
+    static std::string TextoCorregidas(int n);
+
+    // The meter stops (a signal, "Salir", the end of the desktop session):
+    // every ended call still waiting for the system's session is recorded
+    // now from the meter's own record; a session that comes later corrects
+    // it. A call still up keeps its record for the next start.
+    Sucesos Parar();
+
     // Ticking an alert's option box arms it again.
     void ArmarAviso(AvisosLlamada::Umbral umbral) { avisos_.Armar(umbral); }
     const AvisosLlamada& Avisos() const { return avisos_; }
@@ -127,7 +138,8 @@ private:
     void AlSoltar(Sucesos& s);
     // Asks for the refill itself when `rellenar` (the release asks for its own).
     void LeerLog(Sucesos& s, bool rellenar);
-    void AnotarPropias(Sucesos& s, bool rellenar);
+    void Esperar(Sucesos& s, bool rellenar);
+    void AnotarPropias(Sucesos& s, bool rellenar, bool todas = false);
     void Anotadas(int n, Sucesos& s, bool rellenar);
     void AbrirPropia(const LecturaConexion& lectura, Sucesos& s);
     void SeguirPropia(const LecturaConexion* lectura, Sucesos& s);

@@ -25,7 +25,7 @@ bool RegistroLog::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos,
         return log_.AñadirLog(bono, festivos, pendientes);
     }
     const TomaSesiones::Resultado r = TomarSesiones(bono, pendientes);
-    if (r.Añadidas > 0) {
+    if (r.Añadidas > 0 || r.Corregidas > 0) {
         guardadoCon_ = log_.Count();
     }
     if (esperada_ && r.UltimoFin && r.UltimoFin->MasSegundos(kHolguraSegundos) >= *esperada_) {
@@ -42,7 +42,10 @@ TomaSesiones::Resultado RegistroLog::TomarSesiones(cBono& bono, colConexion& pen
     if (!sesiones_) {
         return {};
     }
-    return sesiones_->Tomar(log_, *ajustes_, bono, pendientes);
+    TomaSesiones::Resultado r = sesiones_->Tomar(log_, *ajustes_, bono, pendientes);
+    corregidas_ += r.Corregidas;
+    entradas_.insert(entradas_.end(), r.Entradas.begin(), r.Entradas.end());
+    return r;
 }
 
 void RegistroLog::SalvarLog() {
@@ -109,7 +112,26 @@ int RegistroLog::AnotarVista(const LlamadaVista& vista, const std::filesystem::p
         throw;
     }
     log_.NombreLog(delSistema);
-    return log_.Count() - antes;
+    const int anotadas = log_.Count() - antes;
+    if (anotadas > 0 && sesiones_ && !vista.Interfaz.empty()) {
+        // Its session may come after all: it will correct this call. The
+        // call stands without the note: written again it would be twice.
+        try {
+            sesiones_->Anotada(vista);
+        } catch (const Error&) {
+        }
+    }
+    return anotadas;
+}
+
+bool RegistroLog::SesionPuedeLlegar(const LlamadaVista& vista) const {
+    if (!vista.ConDiario) {
+        return false;
+    }
+    if (!sesiones_) {
+        return true; // the modem log alone: waited for a bounded time
+    }
+    return sesiones_->PuedeLlegar(vista.Interfaz, vista.Pid);
 }
 
 } // namespace vorimesk

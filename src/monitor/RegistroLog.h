@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace vorimesk {
 
@@ -37,6 +38,12 @@ public:
     SesionEnLog Sesion(Fecha inicio) const override;
     int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono& bono,
                     const std::vector<Fecha>& festivos) override;
+    bool SesionPuedeLlegar(const LlamadaVista& vista) const override;
+    int TomarCorregidas() override { return std::exchange(corregidas_, 0); }
+    std::vector<LlamadaAnotada> TomarSesionesEntradas() override {
+        return std::exchange(entradas_, {});
+    }
+    bool HaySesionesEntradas() const override { return !entradas_.empty(); }
 
     // Takes the sessions recorded while the meter was closed (at start-up,
     // once the register is loaded). Nothing without a session journal.
@@ -48,6 +55,8 @@ private:
     std::shared_ptr<TomaSesiones> sesiones_;
     std::optional<Fecha> esperada_;  // start of the ended call awaiting its session
     std::optional<int> guardadoCon_; // the register's size when the taking saved it
+    int corregidas_ = 0;
+    std::vector<LlamadaAnotada> entradas_;
 };
 
 } // namespace vorimesk

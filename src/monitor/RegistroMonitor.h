@@ -18,10 +18,14 @@ struct LlamadaVista;
 // Where a session stands in the modem log, found by its "in use" stamp.
 enum class SesionEnLog { Ausente, Abierta, Cerrada };
 
-// The start and entry of a call in the register.
+// The start and entry of a call in the register; for a call of the
+// system's session journal also its link (interface and pppd pid) and end.
 struct LlamadaAnotada {
     Fecha Inicio;
     std::string Conexion;
+    std::string Interfaz = {};
+    int Pid = 0;
+    Fecha Fin = {};
 };
 
 // DateConexion's answer for a missing, empty or session-less modem log.
@@ -53,6 +57,15 @@ public:
     // with the record's tariff and discount. Returns the calls appended.
     virtual int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog,
                             cBono& bono, const std::vector<Fecha>& festivos) = 0;
+    // Whether the system's session of a call that ended may still come; a
+    // bounded wait where the register cannot tell (the modem log alone).
+    virtual bool SesionPuedeLlegar(const LlamadaVista& /*vista*/) const { return true; }
+    // The calls corrected in place since the last ask.
+    virtual int TomarCorregidas() { return 0; }
+    // The journal's sessions that entered the register since the last ask,
+    // and whether they are waiting to be asked for.
+    virtual std::vector<LlamadaAnotada> TomarSesionesEntradas() { return {}; }
+    virtual bool HaySesionesEntradas() const { return false; }
 };
 
 } // namespace vorimesk

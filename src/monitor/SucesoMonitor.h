@@ -27,6 +27,9 @@ struct SucesoMonitor {
         // `texto`: calls are being recorded from the meter's own records, as
         // no session log of the system came for them; told once per run.
         SinRegistroSistema,
+        // `llamadas` calls recorded from the meter's own records were
+        // corrected in place by their late system sessions, already saved
+        LlamadasCorregidas,
     };
 
     Tipo tipo;
@@ -44,6 +47,7 @@ struct SucesoMonitor {
 inline bool PideGuardarSesion(const SucesoMonitor& s) {
     return s.tipo == SucesoMonitor::Tipo::LlamadaIniciada ||
            s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas ||
+           s.tipo == SucesoMonitor::Tipo::LlamadasCorregidas ||
            s.tipo == SucesoMonitor::Tipo::BonoRenovado;
 }
 

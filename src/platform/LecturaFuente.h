@@ -13,8 +13,9 @@ inline LecturaConexion LeerFuente(FuenteConexiones& fuente) {
     LecturaConexion l{fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()};
     const SesionEnlace sesion = fuente.Sesion();
     l.Sesion = sesion.Identidad();
-    l.Interfaz = sesion.interfaz;
+    l.Interfaz = sesion.interfaz.empty() ? fuente.Interfaz() : sesion.interfaz;
     l.Pid = sesion.pid;
+    l.ConDiario = fuente.Origen() != OrigenEnlace::NetworkManager;
     if (const auto bytes = fuente.Bytes()) {
         l.Recibidos = bytes->recibidos;
         l.Enviados = bytes->enviados;

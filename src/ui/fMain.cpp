@@ -361,6 +361,8 @@ void fMain::Recalcular() {
 }
 
 void fMain::GuardarTodo() {
+    // Every call that has ended is in the register before the program ends.
+    sesion_.TrasSucesos(monitor_.Parar());
     sesion_.Guardar();
 }
 

@@ -76,6 +76,7 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             break;
         case SucesoMonitor::Tipo::LogSinCerrar:
         case SucesoMonitor::Tipo::SinRegistroSistema:
+        case SucesoMonitor::Tipo::LlamadasCorregidas:
             statusBar()->showMessage(QString::fromStdString(s.texto));
             break;
         case SucesoMonitor::Tipo::ErrorRegistro:

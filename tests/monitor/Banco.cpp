@@ -89,10 +89,10 @@ MonitorConexion::Sucesos BancoMonitor::Ticks(int n, int estado, const std::strin
 }
 
 std::string BancoMonitor::Resumen(const MonitorConexion::Sucesos& s) {
-    const char* nombres[] = {"iniciada", "terminada", "sonar", "programa", "mini",  "anotadas",
-                             "rellenar", "sinCerrar", "error", "renovado", "sinLog"};
+    const char* nombres[] = {"iniciada", "terminada", "sonar", "programa", "mini",   "anotadas",
+                             "rellenar", "sinCerrar", "error", "renovado", "sinLog", "corregidas"};
     std::string r;
-    for (int tipo = 0; tipo < 11; ++tipo) {
+    for (int tipo = 0; tipo < 12; ++tipo) {
         const auto n = std::count_if(s.begin(), s.end(), [&](const SucesoMonitor& x) {
             return static_cast<int>(x.tipo) == tipo;
         });

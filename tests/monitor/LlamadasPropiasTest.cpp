@@ -259,4 +259,42 @@ TEST_F(Propias, ElContadorMuertoRetomaLaLlamadaDesdeSuInicio) {
     EXPECT_EQ(Vistas(), 0);
 }
 
+// A journal that keeps every session but, for these calls, gets none.
+class DiarioSinSesion : public TomaSesiones {
+public:
+    Resultado Tomar(Log&, const Settings&, cBono&, colConexion&) override { return {}; }
+    bool HaySesiones() const override { return true; }
+    bool PuedeLlegar(const std::string&, int pid) const override { return pid == vivo; }
+    void Anotada(const LlamadaVista& v) override { anotadas.push_back(v.Pid); }
+    std::vector<int> anotadas;
+    int vivo = 300; // the pppd still running (its ip-down may write yet)
+};
+
+// The record waits only while its pppd may still write the session: the
+// moment it has exited, the record is the call; when the meter stops, every
+// ended call is in the register file.
+TEST_F(Propias, LaAnotacionEsLaLlamadaEnCuantoNingunaSesionPuedeLlegarYAlParar) {
+    auto diario = std::make_shared<DiarioSinSesion>();
+    registro->UsarSesiones(ajustes, diario);
+    Ticks(20, kConectado);
+    Ticks(1, kNada);
+    auto s = Ticks(5, kNada);
+    EXPECT_EQ(Cuantos(s, SucesoMonitor::Tipo::LlamadasAnotadas), 0) << "pppd 300 sigue vivo";
+    diario->vivo = 0;
+    s = Ticks(1, kNada);
+    EXPECT_EQ(Cuantos(s, SucesoMonitor::Tipo::LlamadasAnotadas), 1);
+    ASSERT_EQ(Guardado().Count(), 1);
+    EXPECT_EQ(Guardado().Duracion(0), "00:00:20");
+
+    diario->vivo = 300;
+    Ticks(10, kConectado, "ppp0#6#300");
+    Ticks(1, kNada);
+    s = monitor->Parar();
+    EXPECT_EQ(Cuantos(s, SucesoMonitor::Tipo::LlamadasAnotadas), 1);
+    EXPECT_EQ(Guardado().Count(), 2);
+    EXPECT_EQ(Vistas(), 0);
+    // Both may still be corrected by a session that comes later.
+    EXPECT_EQ(diario->anotadas, (std::vector<int>{300, 300}));
+}
+
 } // namespace

@@ -7,12 +7,15 @@
 #include "CarpetaTemporal.h"
 #include "GanchoPpp.h"
 #include "core/Fecha.h"
+#include "monitor/LlamadaVista.h"
+#include "monitor/PropiasAnotadas.h"
 #include "monitor/RegistroLog.h"
 #include "platform/LineasModemLog.h"
 #include "platform/linux/TomaDiarioPpp.h"
 #include "tariff/LibroPorDefecto.h"
 
 #include <ctime>
+#include <tuple>
 
 using namespace vorimesk;
 namespace fs = std::filesystem;
@@ -230,6 +233,71 @@ TEST_F(DiarioSesiones, AlAcabarUnaLlamadaSeEsperaLaSesionQueLaCubre) {
     EXPECT_TRUE(registro.AñadirLog(ana.bono, ajustes.Festivos, ana.pendientes));
     EXPECT_FALSE(registro.ExisteModemLog());
     EXPECT_EQ(ana.log.Count(), 2);
+}
+
+// A call the meter recorded itself (its pppd had gone with no session) and
+// the session that comes after all: the call is corrected where it stands,
+// with pppd's start, time and bytes, never added twice. A session of another
+// pppd on the other interface is a call of its own.
+TEST_F(DiarioSesiones, UnaSesionQueLlegaTardeCorrigeLaLlamadaAnotadaPorElContador) {
+    Usuario ana(dir / "ana", diario, antiguo);
+    RegistroLog registro(ana.log);
+    registro.UsarSesiones(
+        ajustes, std::make_shared<TomaDiarioPpp>(OrigenSesiones{diario, antiguo, dir / "ana"}));
+    const auto t = Unix(2026, 3, 2, 10, 0, 0);
+    const auto vista = [&](const std::string& iface, int pid, const std::string& entrada) {
+        LlamadaVista v;
+        v.Inicio = FechaLocal(t + 2);
+        v.Fin = FechaLocal(t + 61);
+        v.Entrada = entrada;
+        v.Tarifa = "Provincial";
+        v.Descuento = "Ninguno";
+        v.Interfaz = iface;
+        v.Pid = pid;
+        v.Recibidos = 1024;
+        return v;
+    };
+    ASSERT_EQ(registro.AnotarVista(vista("ppp0", 4048, "casa"), dir / "v.log", ana.bono, {}), 1);
+    ASSERT_EQ(registro.AnotarVista(vista("ppp1", 7777, "trabajo"), dir / "v.log", ana.bono, {}), 1);
+    Poner("ppp0", "casa", t, t + 60, 153600, 20480);
+    Poner("ppp1", "trabajo", t + 1, t + 50); // pid 4049, not the record's 7777
+
+    const TomaSesiones::Resultado r = ana.Tomar(ajustes);
+    EXPECT_EQ(r.Corregidas, 1);
+    EXPECT_EQ(r.Añadidas, 1);
+    Log guardado(dir / "ana");
+    guardado.CargarLog();
+    ASSERT_EQ(guardado.Count(), 3);
+    EXPECT_EQ(std::tuple(guardado.Hora(0).TextoIso().substr(11), guardado.Duracion(0),
+                         guardado.Recibidos(0), guardado.Conexion(0)),
+              std::tuple("10:00:00", "00:01:00", 150, "casa"));
+    EXPECT_EQ(guardado.Recibidos(1), 1) << "the other record stands";
+    EXPECT_EQ(guardado.Duracion(2), "00:00:49");
+    EXPECT_EQ(PropiasAnotadas(dir / "ana").Leer().size(), 1u);
+    EXPECT_EQ(ana.Tomar(ajustes).Tomadas, 0) << "each session once";
+}
+
+// The session of an ended link may still come only while the journal is
+// there, the hook marked the link's start and its pppd has not exited (a
+// zombie has); with the pid unknown, it may.
+TEST_F(DiarioSesiones, LaSesionPuedeLlegarMientrasSuPppdNoHaTerminado) {
+    for (const char* pid : {"500", "501", "502"}) {
+        Escribir(diario / ("ppp0-" + std::string(pid) + ".inicio"), "formato=1\n");
+    }
+    Escribir(dir / "proc" / "500" / "stat", "500 (pppd) S 1 500 500 0 -1\n");
+    Escribir(dir / "proc" / "501" / "stat", "501 (pppd) Z 1 501 501 0 -1\n");
+    Escribir(dir / "proc" / "503" / "stat", "503 (pppd) S 1 503 503 0 -1\n");
+    Escribir(diario / "1772442000-ppp1-501-x.sesion", "formato=1\n");
+    OrigenSesiones origen{diario, antiguo, dir, dir / "proc"};
+    const TomaDiarioPpp toma(origen);
+    EXPECT_TRUE(toma.PuedeLlegar("ppp0", 500));
+    EXPECT_FALSE(toma.PuedeLlegar("ppp0", 501));
+    EXPECT_FALSE(toma.PuedeLlegar("ppp0", 502));
+    EXPECT_FALSE(toma.PuedeLlegar("ppp0", 503)) << "el gancho no marco su inicio";
+    EXPECT_TRUE(toma.PuedeLlegar("ppp1", 501)) << "ya esta en el diario";
+    EXPECT_TRUE(toma.PuedeLlegar("ppp0", 0));
+    origen.diario = dir / "sin-gancho";
+    EXPECT_FALSE(TomaDiarioPpp(origen).PuedeLlegar("ppp0", 500));
 }
 
 } // namespace

@@ -29,6 +29,7 @@ struct OrigenSesiones {
     std::filesystem::path diario = kDiarioSesiones;
     std::filesystem::path modemLogAntiguo = kModemLogAntiguo;
     std::filesystem::path carpetaDatos;
+    std::filesystem::path proc = "/proc"; // where a pppd is looked for
 };
 
 struct SesionPpp {

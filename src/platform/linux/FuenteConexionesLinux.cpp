@@ -24,6 +24,13 @@ bool FuenteConexionesLinux::EsLaVigilada(const EnlacePpp& e) const {
            (v.pid == 0 || e.pid == 0 || e.pid == v.pid) && e.marca == v.marca;
 }
 
+const EnlacePpp* FuenteConexionesLinux::PppdSinInterfaz(const std::vector<EnlacePpp>& enlaces) {
+    const auto it = std::find_if(enlaces.begin(), enlaces.end(), [](const EnlacePpp& e) {
+        return !e.arriba && e.pid != 0 && e.interfaz.empty();
+    });
+    return it == enlaces.end() ? nullptr : &*it;
+}
+
 std::optional<Trafico> FuenteConexionesLinux::DesdeBase(std::optional<Trafico> bytes) const {
     if (!bytes || !base_) {
         return bytes;
@@ -67,6 +74,15 @@ void FuenteConexionesLinux::Actualizar() {
     if (!primero.arriba) {
         Fijar(count, kConectando, primero.entrada, std::nullopt);
         return;
+    }
+    if (!vigilada_ && primero.pid == 0) {
+        // pppd makes the interface before it writes its pid file: until
+        // then the link is not known to be that pppd's, and a call opened
+        // now would carry the interface's name instead of the peer's.
+        if (const EnlacePpp* pppd = PppdSinInterfaz(enlaces)) {
+            Fijar(count, kConectando, pppd->entrada, std::nullopt);
+            return;
+        }
     }
     auto bytes = lector_.Bytes(primero.interfaz);
     if (!vigilada_) {

@@ -28,7 +28,9 @@ public:
     int IntState() const override { return estado_; }
     std::string EntryName() const override { return entrada_; }
     std::optional<Trafico> Bytes() const override { return bytes_; }
-    std::string Interfaz() const override { return vigilada_ ? vigilada_->interfaz : std::string(); }
+    std::string Interfaz() const override {
+        return vigilada_ ? vigilada_->interfaz : std::string();
+    }
     OrigenEnlace Origen() const override { return OrigenEnlace::Pppd; }
     SesionEnlace Sesion() const override { return sesion_; }
 
@@ -37,6 +39,7 @@ private:
     void Fijar(int count, int estado, std::string entrada, std::optional<Trafico> bytes,
                SesionEnlace sesion = {});
     bool EsLaVigilada(const EnlacePpp& e) const;
+    static const EnlacePpp* PppdSinInterfaz(const std::vector<EnlacePpp>& enlaces);
     std::optional<Trafico> DesdeBase(std::optional<Trafico> bytes) const;
 
     LectorPpp lector_;

@@ -3,8 +3,10 @@
 #include "core/Archivo.h"
 #include "core/Errores.h"
 #include "monitor/PerfilEntrada.h"
+#include "monitor/PropiasAnotadas.h"
 #include "register/LogModem.h"
 
+#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -76,6 +78,34 @@ std::optional<std::string> LeerAntiguo(const fs::path& ruta) {
     }
 }
 
+// The last call of the register in the place of call `i`, which goes.
+void MoverUltimo(Log& log, int i) {
+    std::vector<RegistroLlamada> todas;
+    todas.reserve(static_cast<std::size_t>(log.Count()));
+    for (int j = 0; j + 1 < log.Count(); ++j) {
+        todas.push_back(log.Registro(j == i ? log.Count() - 1 : j));
+    }
+    log.BorrarLog();
+    for (const RegistroLlamada& r : todas) {
+        log.AñadirItem(r);
+    }
+}
+
+// A call the meter recorded itself, put back where it was by the one the
+// reader just appended for its session. Returns the call it replaced.
+std::optional<std::pair<int, RegistroLlamada>> Corregir(Log& log, const PropiaAnotada& nota) {
+    const int ultimo = log.Count() - 1;
+    for (int i = ultimo - 1; i >= 0; --i) {
+        const Fecha inicio = log.Dia(i).MasSegundos(log.Hora(i).SegundosDelDia());
+        if (inicio == nota.Inicio && nota.Entrada.rfind(log.Conexion(i), 0) == 0) {
+            std::pair<int, RegistroLlamada> antes{i, log.Registro(i)};
+            MoverUltimo(log, i);
+            return antes;
+        }
+    }
+    return std::nullopt; // no longer in the register: the session is the call
+}
+
 } // namespace
 
 TomaDiarioPpp::TomaDiarioPpp(OrigenSesiones origen) : origen_(std::move(origen)) {}
@@ -105,6 +135,43 @@ bool TomaDiarioPpp::HaySesiones() const {
     return fs::is_directory(origen_.diario, ec);
 }
 
+bool TomaDiarioPpp::PuedeLlegar(const std::string& interfaz, int pid) const {
+    if (!HaySesiones() || ::access(origen_.diario.c_str(), R_OK | X_OK) != 0) {
+        return false; // no hook, or a user outside the dial-up group
+    }
+    if (pid <= 0) {
+        return true; // cannot tell: waited for a bounded time
+    }
+    // The hook leaves IFACE-PID.inicio at ip-up and turns it into a session
+    // at ip-down; without it, the hook never ran for this link.
+    const std::string enlace = interfaz + "-" + std::to_string(pid);
+    bool inicio = false;
+    std::error_code ec;
+    for (const auto& e : fs::directory_iterator(origen_.diario, ec)) {
+        const std::string n = e.path().filename().string();
+        if (n.ends_with(".sesion") && n.find("-" + enlace + "-") != std::string::npos) {
+            return true; // there already: the next look takes it
+        }
+        inicio = inicio || n == enlace + ".inicio";
+    }
+    return inicio && PppdVivo(pid);
+}
+
+void TomaDiarioPpp::Anotada(const LlamadaVista& v) {
+    PropiasAnotadas(origen_.carpetaDatos).Añadir({v.Interfaz, v.Pid, v.Inicio, v.Fin, v.Entrada});
+}
+
+// A pppd that has exited, reaped or not, runs no ip-down any more.
+bool TomaDiarioPpp::PppdVivo(int pid) const {
+    std::ifstream f(origen_.proc / std::to_string(pid) / "stat");
+    std::string texto;
+    if (!f || !std::getline(f, texto)) {
+        return false;
+    }
+    const auto cierre = texto.rfind(')');
+    return cierre != std::string::npos && cierre + 2 < texto.size() && texto[cierre + 2] != 'Z';
+}
+
 TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, cBono& bono,
                                              colConexion& pendientes) {
     Resultado r;
@@ -125,7 +192,12 @@ TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, 
     bool antiguo = false;
     std::set<std::string> nuevas;
     std::optional<std::set<std::string>> listadas; // all the journal holds
+    const PropiasAnotadas archivoNotas(origen_.carpetaDatos);
+    std::vector<PropiaAnotada> notas;
+    std::vector<std::pair<int, RegistroLlamada>> reemplazadas;
+    bool notasCambiadas = false;
     try {
+        notas = archivoNotas.Leer();
         if (!tomadas.contains(kMarcaAntiguo)) {
             antiguo = TomarAntiguo(log, ajustes, bono, pendientes);
         }
@@ -139,6 +211,19 @@ TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, 
             pendientes.Add(FechaLocal(s.inicio), perfil.Tarifa, perfil.Descuento, s.Entrada());
             if (!LeerComoModemLog(log, ModemLogDeSesion(s), ajustes, bono, pendientes)) {
                 throw Error("la sesion " + s.nombre + " del diario de pppd no da ninguna llamada");
+            }
+            const Fecha inicio = FechaLocal(s.inicio), fin = FechaLocal(s.fin);
+            std::optional<std::pair<int, RegistroLlamada>> antes;
+            if (const auto n = PropiasAnotadas::Buscar(notas, s.interfaz, s.pid, inicio, fin)) {
+                antes = Corregir(log, notas[*n]);
+                notas.erase(notas.begin() + static_cast<std::ptrdiff_t>(*n));
+                notasCambiadas = true;
+            }
+            if (antes) {
+                reemplazadas.push_back(std::move(*antes));
+                ++r.Corregidas;
+            } else {
+                r.Entradas.push_back({inicio, s.Entrada(), s.interfaz, s.pid, fin});
             }
             nuevas.insert(s.nombre);
             ++r.Tomadas;
@@ -154,11 +239,17 @@ TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, 
         log.SalvarLog();
     } catch (const Error& e) {
         // Not saved, not taken: the next run gives these calls again.
+        for (auto it = reemplazadas.rbegin(); it != reemplazadas.rend(); ++it) {
+            log.AñadirItem(it->second);
+            MoverUltimo(log, it->first);
+        }
         while (log.Count() > entrada) {
             log.BorrarItem(log.Count() - 1);
         }
         bono.Copiar(bonoEntrada);
-        return Resultado{0, 0, std::nullopt, e.what()};
+        Resultado fallo;
+        fallo.Error = e.what();
+        return fallo;
     }
     r.Añadidas = log.Count() - entrada;
     // Records the hook pruned are gone for good: they leave the memory too.
@@ -173,6 +264,9 @@ TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, 
     }
     try {
         GuardarTomadas(rutaTomadas, tomadas);
+        if (notasCambiadas) {
+            archivoNotas.Guardar(notas);
+        }
     } catch (const Error& e) {
         r.Error = e.what();
     }

@@ -7,6 +7,9 @@
 //
 // The shared log of earlier versions (/var/spool/vorimesk) is read once the
 // same way, so calls logged before an upgrade are not lost.
+//
+// A session of a call the meter already recorded from its own record
+// (monitor/PropiasAnotadas.h) takes that call's place in the register.
 
 #include "monitor/TomaSesiones.h"
 #include "platform/linux/DiarioSesiones.h"
@@ -25,9 +28,12 @@ public:
     Resultado Tomar(Log& log, const Settings& ajustes, cBono& bono,
                     colConexion& pendientes) override;
     bool HaySesiones() const override;
+    bool PuedeLlegar(const std::string& interfaz, int pid) const override;
+    void Anotada(const LlamadaVista& vista) override;
 
 private:
     bool TomarAntiguo(Log& log, const Settings& ajustes, cBono& bono, colConexion& pendientes);
+    bool PppdVivo(int pid) const;
 
     OrigenSesiones origen_;
 };
