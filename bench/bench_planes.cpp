@@ -3,6 +3,7 @@
 // reduced band) should not take more than the time part already does.
 
 #include "CarpetaMedicion.h"
+#include "register/FormatoRegistro.h"
 #include "register/Importe.h"
 #include "register/Log.h"
 #include "tariff/ArchivoPlanes.h"
