@@ -6,6 +6,7 @@
 #include "MenuBandeja.h"
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
+#include "PanelUsoPlanes.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
@@ -301,6 +302,7 @@ void fMain::MostrarResumen() {
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = DiasHastaFacturacion(datos_.RelojPrograma.Hoy(), datos_.Bono.DiaFactura());
     tabResumen->Mostrar(r);
+    tabResumen->UsoPlanes().Actualizar(datos_);
     presupuesto_->Actualizar();
 }
 
