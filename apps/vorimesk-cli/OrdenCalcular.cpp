@@ -4,11 +4,14 @@
 #include "ArgumentosCli.h"
 #include "Ordenes.h"
 #include "core/Reloj.h"
+#include "tariff/ArchivoPlanes.h"
+#include "tariff/PrecioVolumen.h"
 #include "tariff/cBono.h"
 #include "tariff/cLlamada.h"
 
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 #include <vector>
 
@@ -22,6 +25,11 @@ struct OpcionesCalcular {
     std::vector<std::string> festivos;
     bool bono = false;
     bool json = false;
+    // The call's traffic, for its volume cost under the tariff's data plan.
+    std::optional<std::int64_t> recibidos;
+    std::optional<std::int64_t> enviados;
+    std::int64_t usado = 0;
+    bool ConVolumen() const { return recibidos || enviados; }
 };
 
 const char* NombreFranja(std::int16_t franja) {
@@ -40,7 +48,7 @@ const char* SiNo(bool v) {
 }
 
 void Resumen(std::ostream& o, const cLlamada& l, const OpcionesCalcular& op, Fecha inicio,
-             Fecha fin) {
+             Fecha fin, float volumen) {
     o << "Tarifa:              " << op.tarifa << "\n"
       << "Inicio:              " << inicio.TextoCorto() << "\n"
       << "Fin:                 " << fin.TextoCorto() << "\n"
@@ -50,9 +58,13 @@ void Resumen(std::ostream& o, const cLlamada& l, const OpcionesCalcular& op, Fec
       << "Franja al acabar:    " << NombreFranja(l.Tipo()) << "\n"
       << "BonoNet al empezar:  " << SiNo(l.BonoNetActual()) << "\n"
       << "BonoNet al acabar:   " << SiNo(l.BonoNet()) << "\n";
+    if (op.ConVolumen()) {
+        o << "Importe volumen:     " << TextoImporte(volumen) << "\n"
+          << "Importe total:       " << TextoImporte(l.importe() + volumen) << "\n";
+    }
 }
 
-void Json(std::ostream& o, const cLlamada& l) {
+void Json(std::ostream& o, const cLlamada& l, const OpcionesCalcular& op, float volumen) {
     nlohmann::ordered_json j;
     j["importe"] = NumeroJson(l.importe());
     j["duracion"] = l.Duracion();
@@ -60,7 +72,26 @@ void Json(std::ostream& o, const cLlamada& l) {
     j["tipoActual"] = l.TipoActual();
     j["bonoNet"] = l.BonoNet();
     j["bonoNetActual"] = l.BonoNetActual();
+    if (op.ConVolumen()) {
+        j["importeVolumen"] = NumeroJson(volumen);
+    }
     o << j.dump() << "\n";
+}
+
+// The volume cost under the tariff's plan; 0 when it has none.
+float Volumen(ContextoCli& contexto, const cLlamada& libro, const OpcionesCalcular& op,
+              Fecha inicio, Fecha fin) {
+    const std::optional<Planes> planes = CargarPlanes(contexto.Carpeta());
+    const PlanDatos* plan = planes ? planes->Plan(op.tarifa) : nullptr;
+    if (plan == nullptr) {
+        return 0.0f;
+    }
+    const std::int64_t reducida =
+        plan->ReducidaGratis ? SegundosReducida(libro, libro.Find(op.tarifa), inicio, fin) : 0;
+    const std::int64_t contado =
+        VolumenContado(*plan, op.recibidos.value_or(0) + op.enviados.value_or(0),
+                       fin.Segundos() - inicio.Segundos(), reducida);
+    return static_cast<float>(ImporteVolumen(*plan, contado, op.usado));
 }
 
 int Calcular(ContextoCli& contexto, const OpcionesCalcular& op, std::ostream& salida) {
@@ -87,10 +118,11 @@ int Calcular(ContextoCli& contexto, const OpcionesCalcular& op, std::ostream& sa
                          libro.Ruta().string() + ").");
     }
     libro.Datos(inicio, fin, op.bono ? &sesion.Bono() : nullptr, op.tarifa);
+    const float volumen = op.ConVolumen() ? Volumen(contexto, libro, op, inicio, fin) : 0.0f;
     if (op.json) {
-        Json(salida, libro);
+        Json(salida, libro, op, volumen);
     } else {
-        Resumen(salida, libro, op, inicio, fin);
+        Resumen(salida, libro, op, inicio, fin, volumen);
     }
     return kSalidaBien;
 }
@@ -117,6 +149,15 @@ void RegistrarCalcular(AplicacionCli& aplicacion) {
     orden->add_option("--festivo", op->festivos, "Dia festivo AAAA-MM-DD (se puede repetir)")
         ->type_name("FECHA")
         ->check(FechaHoraValida());
+    orden->add_option("--recibidos", op->recibidos, "KB recibidos (para el coste del volumen)")
+        ->type_name("KB")
+        ->check(CLI::NonNegativeNumber);
+    orden->add_option("--enviados", op->enviados, "KB enviados (para el coste del volumen)")
+        ->type_name("KB")
+        ->check(CLI::NonNegativeNumber);
+    orden->add_option("--usado", op->usado, "KB del ciclo ya gastados antes de la llamada")
+        ->type_name("KB")
+        ->check(CLI::NonNegativeNumber);
     orden->add_flag("--bono", op->bono, "Descuenta el tiempo de los bonos BonoNet");
     orden->add_flag("--json", op->json, "Resultado como documento JSON");
 }

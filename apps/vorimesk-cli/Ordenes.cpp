@@ -1,6 +1,7 @@
 #include "Ordenes.h"
 
 #include "OrdenesComparacion.h"
+#include "OrdenesPlanes.h"
 #include "OrdenesRegistro.h"
 #include "core/CarpetaDatos.h"
 #include "tariff/LibroPorDefecto.h"
@@ -20,6 +21,7 @@ void RegistrarOrdenes(AplicacionCli& aplicacion) {
     RegistrarOrdenRecalcular(aplicacion);
     RegistrarOrdenComparar(aplicacion);
     RegistrarOrdenPrevision(aplicacion);
+    RegistrarOrdenesPlanes(aplicacion);
     RegistrarOrdenVigilar(aplicacion);
     RegistrarOrdenesLinea(aplicacion);
 }

@@ -31,6 +31,7 @@ template <typename Paso> void MonitorConexion::Propias(Sucesos& s, Paso paso) {
 
 MonitorConexion::Sucesos MonitorConexion::Tick(const LecturaConexion& lectura) {
     Sucesos s = TickEstado(lectura);
+    volumenVivo_.Bytes(lectura.Recibidos, lectura.Enviados);
     for (Sucesos parte : {TickActual(), TickHora()}) {
         s.insert(s.end(), parte.begin(), parte.end());
     }
@@ -122,6 +123,7 @@ void MonitorConexion::IniciarLlamada(const LecturaConexion& lectura, Sucesos& s)
     pantalla_.BotonConexion = true;
     AccionesAlConectar(s);
     inicioLlamada_ = reloj_.Ahora();
+    volumenVivo_.Empezar();
     AbrirPropia(lectura, s);
     if (!libro_) {
         libro_.emplace(carpeta_);
@@ -382,7 +384,10 @@ MonitorConexion::Sucesos MonitorConexion::TickActual() {
     if (!medidorActivo_) {
         return s;
     }
-    medida_ = medidor_.Medir(*libro_, inicioLlamada_, reloj_.Ahora(), entradaLlamada_, grupoBono_);
+    const Fecha ahora = reloj_.Ahora();
+    medida_ = medidor_.Medir(*libro_, inicioLlamada_, ahora, entradaLlamada_, grupoBono_);
+    volumenVivo_.Sumar(medida_, carpeta_, ajustes_, bono_, registro_.Llamadas(), inicioLlamada_,
+                       ahora);
     for (MotivoAviso motivo : avisos_.Comprobar(ajustes_, medida_)) {
         Sonar(motivo, s);
     }

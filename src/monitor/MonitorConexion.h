@@ -48,6 +48,7 @@
 #include "PantallaMonitor.h"
 #include "RegistroMonitor.h"
 #include "SucesoMonitor.h"
+#include "VolumenEnVivo.h"
 #include "core/Reloj.h"
 #include "settings/Settings.h"
 #include "tariff/cBono.h"
@@ -168,6 +169,7 @@ private:
     ControlHora hora_;
     std::optional<cLlamada> libro_;
     LecturaMedidor medida_;
+    VolumenEnVivo volumenVivo_;
 
     std::uint16_t enganche_ = 0;
     bool medidorActivo_ = false;

@@ -35,6 +35,7 @@ public:
     void SalvarLog() override;
     void LlamadaTerminada(Fecha inicio) override;
     LlamadaAnotada Anotada(int indice) const override;
+    const std::vector<RegistroLlamada>* Llamadas() const override { return &log_.Registros(); }
     SesionEnLog Sesion(Fecha inicio) const override;
     int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono& bono,
                     const std::vector<Fecha>& festivos) override;

@@ -14,6 +14,7 @@ namespace vorimesk {
 class cBono;
 class colConexion;
 struct LlamadaVista;
+struct RegistroLlamada;
 
 // Where a session stands in the modem log, found by its "in use" stamp.
 enum class SesionEnLog { Ausente, Abierta, Cerrada };
@@ -47,6 +48,9 @@ public:
     // a session journal awaits the session that covers it.
     virtual void LlamadaTerminada(Fecha /*inicio*/) {}
 
+    // The register's calls, for the running call's data plan; null when
+    // they are not at hand.
+    virtual const std::vector<RegistroLlamada>* Llamadas() const { return nullptr; }
     // The call at a position (from 0) of the register.
     virtual LlamadaAnotada Anotada(int indice) const = 0;
     // Whether the modem log holds the session that began at `inicio`, and

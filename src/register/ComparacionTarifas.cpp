@@ -2,6 +2,7 @@
 
 #include "Importe.h"
 #include "PrecioRegistro.h"
+#include "VolumenRegistro.h"
 #include "core/Errores.h"
 #include "tariff/cLlamada.h"
 
@@ -43,6 +44,8 @@ double Total(const Log& registro, const std::vector<bool>& elegidas, int hasta,
              const std::vector<Fecha>& festivos) {
     PrecioRegistro precio(carpeta, festivos, bono);
     precio.LibroFijo();
+    const std::vector<float> volumen =
+        VolumenDeLlamadas(carpeta, festivos, bono, registro.Registros(), tarifa);
     // With no bundle to draw from, one call's price does not depend on the
     // calls before it: only the chosen ones need pricing.
     const bool encadenadas = bono.Count() > 0;
@@ -53,7 +56,7 @@ double Total(const Log& registro, const std::vector<bool>& elegidas, int hasta,
             continue;
         }
         RegistroLlamada r = registro.Registro(i);
-        precio.Preciar(r, tarifa);
+        precio.Preciar(r, tarifa, volumen.empty() ? 0.0f : volumen[static_cast<std::size_t>(i)]);
         if (elegida) {
             total += ImporteGuardado(r);
         }

@@ -94,13 +94,15 @@ std::vector<DiaGrafico> AgregarPorDia(const Log& r) {
     for (int i = 0; i < r.Count(); ++i) {
         const Fecha dia = r.Dia(i);
         if (dias.empty() || dias.back().dia != dia) {
-            dias.push_back({dia, SumarCoste(0, r.importe(i)), 1, cTiempo(r.Duracion(i))});
+            dias.push_back({dia, SumarCoste(0, r.importe(i)), 1, cTiempo(r.Duracion(i)),
+                            std::int64_t{r.Recibidos(i)} + r.Enviados(i)});
             continue;
         }
         DiaGrafico& d = dias.back();
         d.coste = SumarCoste(d.coste, r.importe(i));
         ++d.llamadas;
         d.tiempo.Sumar(r.Duracion(i));
+        d.kb += std::int64_t{r.Recibidos(i)} + r.Enviados(i);
     }
     return dias;
 }
@@ -113,6 +115,8 @@ float ValorDia(const DiaGrafico& d, DatoGrafico dato) {
         return static_cast<float>(d.coste);
     case DatoGrafico::Tiempo:
         return static_cast<float>(d.tiempo.ConvSegundos() / 3600.0);
+    case DatoGrafico::MB:
+        return static_cast<float>(static_cast<double>(d.kb) / 1024.0);
     }
     return 0.0F;
 }

@@ -22,7 +22,7 @@
 namespace vorimesk {
 
 enum class VistaGrafico { Anual = 0, Mensual = 1, Diario = 2 };
-enum class DatoGrafico { Llamadas = 0, Gasto = 1, Tiempo = 2 };
+enum class DatoGrafico { Llamadas = 0, Gasto = 1, Tiempo = 2, MB = 3 };
 
 // The calls of one day. Records of one day stand together in the register,
 // so a new entry starts whenever a call's day differs from the one before.
@@ -31,12 +31,14 @@ struct DiaGrafico {
     std::int32_t coste = 0; // whole units, rounded as each call is added
     std::int16_t llamadas = 0;
     cTiempo tiempo;
+    std::int64_t kb = 0; // received and sent
 };
 
 // Throws ErrorDesbordamiento when a day's cost leaves 32 bits.
 std::vector<DiaGrafico> AgregarPorDia(const Log& registro);
 
-// The count, the cost, or the time in hours with fractions.
+// The count, the cost, the time in hours with fractions, or the traffic in
+// MB (1024 KB).
 float ValorDia(const DiaGrafico& dia, DatoGrafico dato);
 
 // One item of the year or month list of the monthly and daily views.

@@ -6,6 +6,7 @@
 #include "LectorModemLog.h"
 #include "LogModem.h"
 #include "PrecioRegistro.h"
+#include "VolumenRegistro.h"
 #include "core/Archivo.h"
 #include "core/CerrojoArchivo.h"
 #include "core/Errores.h"
@@ -280,9 +281,11 @@ std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
 RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
     RecalculoLog resultado;
     PrecioRegistro precio(carpeta_, festivos, bono);
+    const std::vector<float> volumen = VolumenDeLlamadas(carpeta_, festivos, bono, registros_);
     std::vector<RegistroLlamada> nuevos = registros_;
-    for (RegistroLlamada& r : nuevos) {
-        if (!precio.Preciar(r)) {
+    for (std::size_t i = 0; i < nuevos.size(); ++i) {
+        RegistroLlamada& r = nuevos[i];
+        if (!precio.Preciar(r, {}, volumen.empty() ? 0.0f : volumen[i])) {
             // The book's results are another call's: this one keeps its own.
             std::string nombre(r.Tarifa.Recortado());
             if (nombre.empty()) {

@@ -79,6 +79,7 @@ public:
     std::int32_t Recibidos(int i) const;
     std::int32_t Enviados(int i) const;
     const RegistroLlamada& Registro(int i) const;
+    const std::vector<RegistroLlamada>& Registros() const { return registros_; }
 
     // Sum of every Duracion as hh:mm:ss.
     std::string TotalDuracion() const;

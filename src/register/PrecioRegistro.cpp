@@ -29,7 +29,7 @@ Fecha PrecioRegistro::Fin(const RegistroLlamada& r) {
     return Inicio(r).MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
 }
 
-bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
+bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa, float volumen) {
     const Fecha inicio = Inicio(r);
     const Fecha fin = inicio.MasSegundos(cTiempo(r.Duracion.Texto()).ConvSegundos());
     // Calls before the billing day belong to the period begun last month:
@@ -42,7 +42,8 @@ bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa) {
     if (!libro_.Datos(inicio, fin, &trabajo_, nombre)) {
         return false;
     }
-    r.importe.Poner(TextoImporte(libro_.importe()));
+    // Without a plan the time cost is stored untouched, bit for bit.
+    r.importe.Poner(TextoImporte(volumen != 0.0f ? libro_.importe() + volumen : libro_.importe()));
     r.Tipo = TipoDeBanda(libro_.Tipo());
     r.Bono = libro_.BonoNet() ? -1 : 0;
     libro_.TraspasarBono(trabajo_);

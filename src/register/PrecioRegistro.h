@@ -25,7 +25,9 @@ public:
     // Prices `r` with `tarifa` (its own tariff when empty) and stores the new
     // importe, Tipo and Bono in it. A tariff the book does not hold leaves
     // the call as it was and draws nothing from the ledger: false.
-    bool Preciar(RegistroLlamada& r, std::string_view tarifa = {});
+    // `volumen` is the call's volume cost under a data plan, added to its
+    // time cost.
+    bool Preciar(RegistroLlamada& r, std::string_view tarifa = {}, float volumen = 0.0f);
 
     // The tariff a call that names none is priced with.
     const std::string& TarifaPorDefecto() const { return libro_.NombreTarifa(); }

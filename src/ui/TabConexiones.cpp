@@ -36,6 +36,7 @@ TabConexiones::TabConexiones(DatosSesion& datos, QWidget* padre) : QWidget(padre
     eleccion->addRow("Descuento:", cmbDescuento);
     auto* derecha = new QVBoxLayout;
     derecha->addLayout(eleccion);
+    derecha->addWidget(CrearCiclo(marco));
     derecha->addStretch();
     auto* dentro = new QHBoxLayout(marco);
     dentro->addLayout(lista, 1);
@@ -97,6 +98,7 @@ std::string TabConexiones::Seleccionada() const {
 }
 
 void TabConexiones::Seleccion() {
+    MostrarCiclo(Seleccionada());
     const int i = Buscar(Seleccionada());
     if (i < 0) {
         cmbTarifa->setCurrentIndex(-1);

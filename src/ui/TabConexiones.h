@@ -8,8 +8,10 @@
 #include <vector>
 
 class QComboBox;
+class QDateEdit;
 class QLabel;
 class QListWidget;
+class QSpinBox;
 
 namespace vorimesk {
 
@@ -36,10 +38,17 @@ private:
     QComboBox* cmbTarifa = nullptr;
     QComboBox* cmbDescuento = nullptr;
     QLabel* lOrigen = nullptr;
+    // The data plan's cycle of the entry ("Planes.json", written at once).
+    QComboBox* cmbCiclo = nullptr;
+    QSpinBox* spnCiclo = nullptr;
+    QDateEdit* dtDesde = nullptr;
 
     void Seleccion();
     void ElegirTarifa(int indice);
     void ElegirDescuento(int indice);
+    QWidget* CrearCiclo(QWidget* padre);
+    void MostrarCiclo(const std::string& entrada);
+    void CambiarCiclo();
     std::string Seleccionada() const;
 
     DatosSesion& datos_;

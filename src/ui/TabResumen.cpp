@@ -2,6 +2,7 @@
 
 #include "ControlesDialogo.h"
 #include "PanelPrevision.h"
+#include "PanelUsoPlanes.h"
 #include "core/FormatoNumero.h"
 
 #include <QFormLayout>
@@ -52,6 +53,9 @@ TabResumen::TabResumen(QWidget* padre) : QWidget(padre) {
     todo->addWidget(marcoBono_);
     prevision = new PanelPrevision(this);
     todo->addWidget(prevision);
+    usoPlanes = new PanelUsoPlanes(this);
+    usoPlanes->setObjectName("usoPlanes");
+    todo->addWidget(usoPlanes);
     todo->addStretch();
 }
 

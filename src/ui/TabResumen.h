@@ -16,7 +16,8 @@ class QLabel;
 
 namespace vorimesk {
 class PanelPrevision;
-}
+class PanelUsoPlanes;
+} // namespace vorimesk
 
 namespace vorimesk {
 
@@ -39,6 +40,8 @@ public:
     void MostrarBono(const QString& grupo, const std::string& gastado, const std::string& queda);
     // The forecast of the billing period, which the budget watch fills.
     PanelPrevision& Prevision() { return *prevision; }
+    // The data plans' use in their cycles.
+    PanelUsoPlanes& UsoPlanes() { return *usoPlanes; }
 
 private:
     QLabel* lPeriodo = nullptr;
@@ -50,6 +53,7 @@ private:
     QLabel* lBonoGastado = nullptr;
     QLabel* lBonoQueda = nullptr;
     PanelPrevision* prevision = nullptr;
+    PanelUsoPlanes* usoPlanes = nullptr;
 
     QGroupBox* marcoBono_ = nullptr;
 };

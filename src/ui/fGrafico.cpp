@@ -85,7 +85,7 @@ QWidget* fGrafico::Controles() {
     cmbTipoGraf->addItems({"Barras 2D", "Barras 3D", "Lineas", "Area"});
     cmbTipoDato = new QComboBox(panel);
     cmbTipoDato->setObjectName("cmbTipoDato");
-    cmbTipoDato->addItems({"Llamadas", "Gasto", "Tiempo"});
+    cmbTipoDato->addItems({"Llamadas", "Gasto", "Tiempo", "MB"});
     cmdGuardar = new QPushButton("Guardar como PNG...", panel);
     cmdGuardar->setObjectName("cmdGuardar");
     cmdGuardar->setAutoDefault(false);

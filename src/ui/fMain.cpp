@@ -7,6 +7,7 @@
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
 #include "PreguntaCargaAlIniciar.h"
+#include "PanelUsoPlanes.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
@@ -349,6 +350,7 @@ void fMain::MostrarResumen() {
     r.llamadas = listado_.NumeroLlamadas;
     r.diasQuedan = static_cast<int>(periodo.fin.Dias() - hoy.Dias());
     tabResumen->Mostrar(r);
+    tabResumen->UsoPlanes().Actualizar(datos_);
     presupuesto_->Actualizar();
 }
 

@@ -3,10 +3,12 @@
 #include "Iconos.h"
 #include "Mensajes.h"
 #include "PanelTarifa.h"
+#include "PanelVolumen.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
 #include "session/Sesion.h"
 #include "session/TarifasEnUso.h"
+#include "tariff/ArchivoPlanes.h"
 #include "tariff/LibroJson.h"
 #include "tariff/cLlamada.h"
 
@@ -146,6 +148,10 @@ QWidget* fPelmorad::CrearDerecha() {
     panel = new PanelTarifa(caja);
     connect(panel, &PanelTarifa::Cambiado, this, &fPelmorad::AlCambiar);
     columna->addWidget(panel, 1);
+    volumen = new PanelVolumen(caja);
+    volumen->setObjectName("volumen");
+    connect(volumen, &PanelVolumen::Cambiado, this, &fPelmorad::AlCambiarVolumen);
+    columna->addWidget(volumen);
     auto* grupo = new QGroupBox("Problemas", caja);
     auto* dentro = new QVBoxLayout(grupo);
     lstProblemas = new QListWidget(grupo);
@@ -175,9 +181,53 @@ void fPelmorad::Cargar() {
             Avisar(this, QMessageBox::Critical, texto, detalle);
         });
     }
+    CargarPlanes();
     Sustituir(LibroEditable::DesdeLibro(libro), 0);
     setWindowModified(false);
     statusBar()->showMessage("Libro de tarifas: " + QString::fromStdString(libro.Ruta().string()));
+}
+
+void fPelmorad::CargarPlanes() {
+    try {
+        planes_ = vorimesk::CargarPlanes(carpeta_).value_or(Planes{});
+    } catch (const Error& e) {
+        planesLeidos_ = false;
+        volumen->setEnabled(false);
+        volumen->setToolTip(QString::fromStdString(e.what()));
+        QTimer::singleShot(0, this, [this, detalle = QString::fromStdString(e.what())] {
+            Avisar(this, QMessageBox::Warning,
+                   "No se pudieron leer los planes de datos; no se cambiaran.", detalle);
+        });
+    }
+}
+
+bool fPelmorad::GuardarPlanes() {
+    if (!planesCambiados_ || !planesLeidos_) {
+        return true;
+    }
+    try {
+        vorimesk::GuardarPlanes(carpeta_, planes_);
+    } catch (const Error& e) {
+        Avisar(this, QMessageBox::Critical, "No se pudieron guardar los planes de datos.",
+               QString::fromStdString(e.what()));
+        return false;
+    }
+    planesCambiados_ = false;
+    return true;
+}
+
+void fPelmorad::AlCambiarVolumen() {
+    if (actual_ < 0) {
+        return;
+    }
+    const std::string nombre = libro_.Tarifa(actual_).Nombre();
+    if (const auto plan = volumen->Plan(nombre)) {
+        planes_.PonerPlan(*plan);
+    } else {
+        planes_.QuitarPlan(nombre);
+    }
+    planesCambiados_ = true;
+    setWindowModified(true);
 }
 
 void fPelmorad::Sustituir(LibroEditable libro, int seleccion) {
@@ -221,6 +271,8 @@ void fPelmorad::AlSeleccionar(int fila) {
     actual_ = fila;
     panel->setEnabled(fila >= 0);
     panel->Mostrar(fila >= 0 ? libro_.Tarifa(fila) : TarifaEditable());
+    volumen->Mostrar(fila >= 0 ? planes_.Plan(libro_.Tarifa(fila).Nombre()) : nullptr);
+    volumen->setEnabled(fila >= 0 && planesLeidos_);
     MarcarActual();
     ActualizarBotones();
 }
@@ -230,8 +282,11 @@ void fPelmorad::AlCambiar(const QString& clave, const QString& texto) {
         return;
     }
     TarifaEditable& t = libro_.Tarifa(actual_);
+    const std::string antes = t.Nombre();
     t.ValorEscrito(clave.toStdString(), texto.toStdString());
     if (clave == "Nombre") {
+        planes_.RenombrarPlan(antes, t.Nombre());
+        planesCambiados_ = planesCambiados_ || planes_.Plan(t.Nombre()) != nullptr;
         lstTarifas->item(actual_)->setText(NombreEnLista(t));
     }
     panel->ActualizarFranjas(t);
@@ -400,6 +455,9 @@ bool fPelmorad::Guardar() {
     } catch (const Error& e) {
         Avisar(this, QMessageBox::Critical, "No se pudieron guardar las tarifas.",
                QString::fromStdString(e.what()));
+        return false;
+    }
+    if (!GuardarPlanes()) {
         return false;
     }
     Sustituir(LibroEditable::DesdeLibro(libro), actual_);

@@ -5,6 +5,7 @@
 // errors; importing and exporting go through the JSON form of the book.
 
 #include "tariff/LibroEditable.h"
+#include "tariff/Planes.h"
 #include "tariff/ValidacionTarifas.h"
 
 #include <QMainWindow>
@@ -23,6 +24,7 @@ namespace vorimesk {
 
 class InstanciaUnica;
 class PanelTarifa;
+class PanelVolumen;
 class Sesion;
 
 class fPelmorad : public QMainWindow {
@@ -32,6 +34,8 @@ public:
     explicit fPelmorad(std::filesystem::path carpeta, QWidget* padre = nullptr);
 
     const LibroEditable& Libro() const { return libro_; }
+    // The data plans as edited ("Planes.json" is written with the book).
+    const Planes& PlanesDatos() const { return planes_; }
     const std::vector<Problema>& Problemas() const { return problemas_; }
     int Actual() const { return actual_; }
     void Seleccionar(int indice);
@@ -56,6 +60,7 @@ private:
     QPushButton* cmdBajar = nullptr;
     QListWidget* lstProblemas = nullptr;
     PanelTarifa* panel = nullptr;
+    PanelVolumen* volumen = nullptr;
     QAction* accGuardar = nullptr;
     QAction* accImportar = nullptr;
     QAction* accExportar = nullptr;
@@ -72,6 +77,9 @@ private:
     void Rellenar(int seleccion);
     void AlSeleccionar(int fila);
     void AlCambiar(const QString& clave, const QString& texto);
+    void AlCambiarVolumen();
+    void CargarPlanes();
+    bool GuardarPlanes();
     void Añadir();
     void Copiar();
     void Eliminar();
@@ -100,6 +108,9 @@ private:
     std::vector<Problema> problemas_;
     int actual_ = -1;
     bool leido_ = true;
+    Planes planes_;
+    bool planesLeidos_ = true; // a plan file that does not read is never written over
+    bool planesCambiados_ = false;
 };
 
 } // namespace vorimesk

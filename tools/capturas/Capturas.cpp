@@ -8,10 +8,14 @@
 #include "CapturasVentana.h"
 #include "LlamadasSimuladas.h"
 #include "register/Copias.h"
+#include "tariff/ArchivoPlanes.h"
 #include "tariff/LibroPorDefecto.h"
+#include "tariff/PlanesJson.h"
 #include "tariff/cBono.h"
 #include "ui/PanelTarifa.h"
+#include "ui/PanelUsoPlanes.h"
 #include "ui/PilaPrograma.h"
+#include "ui/TabResumen.h"
 #include "ui/TablaBandas.h"
 #include "ui/fAbout.h"
 #include "ui/fArchivo.h"
@@ -105,6 +109,36 @@ std::unique_ptr<QWidget> EditorConProblemas() {
     sabado->findChild<QTimeEdit*>("tmeInicio_1")->setTime(QTime(16, 0));
     sabado->findChild<QTimeEdit*>("tmeFin_1")->setTime(QTime(9, 0));
     return v;
+}
+
+// A data plan on "Metropolitana": 300 MB a cycle; "Casa" renews on the
+// 15th, "Oficina" is a bucket taken on 1 January.
+void PonerPlanes(const std::filesystem::path& carpeta) {
+    GuardarPlanes(carpeta, LeerPlanes(R"({"formato":"vorimesk-planes","version":1,
+        "planes":[{"Tarifa":"Metropolitana","IncluidoMB":300,"PrecioMB":12.5,"PasoKB":100,
+                   "MinimoSesion":5,"ReducidaGratis":false,"CuotaPeriodo":1500}],
+        "conexiones":[{"Conexion":"Casa","Ciclo":{"Dia":15}},
+                      {"Conexion":"Oficina","Ciclo":{"Desde":"2026-01-01"}}]})"));
+}
+
+std::unique_ptr<QWidget> EditorConVolumen() {
+    static QTemporaryDir dir;
+    const std::filesystem::path ruta = dir.path().toStdString();
+    InstalarLibroPorDefecto(ruta);
+    PonerPlanes(ruta);
+    auto v = std::make_unique<fPelmorad>(ruta);
+    v->Seleccionar(0);
+    return v;
+}
+
+std::unique_ptr<QWidget> ResumenConPlanes(Datos& d) {
+    PonerPlanes(d.carpeta);
+    auto t = std::make_unique<TabResumen>();
+    const auto usos =
+        UsoDeCarpeta(d.carpeta, {}, d.bono, d.registro.Registros(), {}, d.reloj.Hoy());
+    t->UsoPlanes().Mostrar(usos.value_or(std::vector<UsoConexion>{}));
+    t->resize(760, t->sizeHint().height());
+    return t;
 }
 
 std::unique_ptr<QWidget> Asistente(Datos& d, std::int16_t accion, int pasos,
@@ -215,6 +249,10 @@ std::vector<Captura> Capturas() {
              return g;
          }},
         {"imprimir", [](Datos& d) { return std::make_unique<fImprimir>(*d.anfitrion, d.libro); }},
+        {"pelmorad-volumen", [](Datos&) { return EditorConVolumen(); }},
+        {"resumen-planes", [](Datos& d) { return ResumenConPlanes(d); }},
+        {"grafico-mensual-mb", [](Datos& d) { return Grafico(d, 1, 0, 3); }},
+        {"grafico-diario-mb", [](Datos& d) { return Grafico(d, 2, 0, 3, 2); }},
     };
 }
 
