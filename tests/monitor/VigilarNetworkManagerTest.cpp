@@ -129,7 +129,7 @@ TEST_F(VigilarNetworkManager, BandaAnchaPorPppYPorWwanQuedanAnotadasAlCaer) {
     const std::string gsm = AñadirConexion("Movistar 3G", "gsm", "uuid-movistar");
     const std::string lte = AñadirConexion("Vodafone LTE", "gsm", "uuid-vodafone");
     const std::string ttyUSB = AñadirModem("ttyUSB2", "ppp0", {sdbus::ObjectPath(gsm)});
-    const std::string wwan = AñadirModem("cdc-wdm0", "wwan0", {sdbus::ObjectPath(lte)});
+    const std::string wwan = AñadirModem("wwan0", "wwan0", {sdbus::ObjectPath(lte)});
     prueba::ResultadoCli r;
     std::thread contador([&] { r = Vigilar("14"); });
     std::this_thread::sleep_for(1500ms);
