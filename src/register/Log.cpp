@@ -269,6 +269,8 @@ std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
 RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
     RecalculoLog resultado;
     PrecioRegistro precio(carpeta_, festivos, bono);
+    // The book is read once for the whole register, not once per call.
+    precio.LibroFijo();
     std::vector<RegistroLlamada> nuevos = registros_;
     for (RegistroLlamada& r : nuevos) {
         if (!precio.Preciar(r)) {
