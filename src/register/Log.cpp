@@ -281,6 +281,8 @@ std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
 RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
     RecalculoLog resultado;
     PrecioRegistro precio(carpeta_, festivos, bono);
+    // The book is read once for the whole register, not once per call.
+    precio.LibroFijo();
     const std::vector<float> volumen = VolumenDeLlamadas(carpeta_, festivos, bono, registros_);
     std::vector<RegistroLlamada> nuevos = registros_;
     for (std::size_t i = 0; i < nuevos.size(); ++i) {

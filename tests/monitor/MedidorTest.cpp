@@ -37,6 +37,19 @@ TEST_F(Medidor, TasaDesdeElInicioHastaAhora) {
     EXPECT_EQ(P().Tiempo + " " + P().Gasto, "00:01:01 100.00");
 }
 
+// The tariff editor saves the book while a call runs: the next tick prices
+// the call with the saved book.
+TEST_F(Medidor, ElLibroQueGuardaElEditorCuentaDesdeElTickSiguiente) {
+    Empezar();
+    Ticks(59, kConectado);
+    cLlamada editor(dir);
+    editor.Load();
+    editor.Valor(editor.Find("Metropolitana"), "Semana.Normal.Importe", "12");
+    editor.Save();
+    Ticks(1, kConectado);
+    EXPECT_EQ(P().Tiempo + " " + P().Gasto, "00:01:00 12.00");
+}
+
 TEST_F(Medidor, LosImpuestosSeSumanAlCosteMostrado) {
     ajustes.EntradasConexion = {{"Casa", "Cara", "Ninguno"}};
     ajustes.Impuestos = 16.0f;
