@@ -12,6 +12,7 @@
 #include "core/Errores.h"
 #include "core/Lineas.h"
 #include "core/cTiempo.h"
+#include "tariff/PlanesJson.h"
 #include "tariff/cLlamada.h"
 
 #include <algorithm>
@@ -194,6 +195,26 @@ cLlamada LibroDeTarifas(const fs::path& carpeta, const std::vector<Fecha>& festi
     return libro;
 }
 
+// The calls from `desde` on, just taken from the modem log, pay their
+// volume under the data plans too, after the calls already there. A plan
+// file that does not read leaves them on their time cost: a finished call is
+// never lost over it, and re-pricing reports the file.
+void SumarVolumen(std::vector<RegistroLlamada>& registros, std::size_t desde,
+                  const fs::path& carpeta, const std::vector<Fecha>& festivos, const cBono& bono) {
+    std::vector<float> volumen;
+    try {
+        volumen = VolumenDeLlamadas(carpeta, festivos, bono, registros);
+    } catch (const ErrorPlanes&) {
+        return;
+    }
+    for (std::size_t i = desde; i < volumen.size(); ++i) {
+        if (volumen[i] != 0.0f) {
+            RegistroLlamada& r = registros[i];
+            r.importe.Poner(TextoImporte(LeerImporte(r.importe.Recortado()) + volumen[i]));
+        }
+    }
+}
+
 } // namespace
 
 bool Log::LeerModemLog(cBono& bono, const std::vector<Fecha>& festivos,
@@ -245,6 +266,7 @@ bool Log::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos, colConexio
     if (!LeerModemLog(bono, festivos, pendientes)) {
         return false;
     }
+    SumarVolumen(registros_, entrada, carpeta_, festivos, bono);
     try {
         BorrarArchivo(nombreLog_);
     } catch (...) {

@@ -71,11 +71,10 @@ std::vector<UsoConexion> UsoDePlanes(const VolumenRegistro& volumen,
                 u.ImporteVolumen += v.Importe;
             }
         }
-        const PlanDatos* delCiclo = plan;
         u.UsadoMB = KBaMB(usadoKB);
-        u.IncluidoMB = delCiclo->IncluidoMB;
+        u.IncluidoMB = plan->IncluidoMB;
         u.RestanteMB = std::max(0.0, u.IncluidoMB - u.UsadoMB);
-        u.Cuota = delCiclo->CuotaPeriodo;
+        u.Cuota = plan->CuotaPeriodo;
         u.Renueva = ciclo->fin != FinSinRenovar();
         u.DiasTranscurridos = static_cast<int>(hoy.Dias() - ciclo->inicio.Dias()) + 1;
         if (u.Renueva) {

@@ -57,7 +57,7 @@ QString Texto(const UsoConexion& u) {
         t += QString("; prevision %1 al %2")
                  .arg(MB(*u.PrevisionMB), QString::fromStdString(u.Ciclo.fin.TextoCorto()));
     }
-    t += QString("; quedan %1").arg(MB(u.RestanteMB));
+    t += QString("\nQuedan %1").arg(MB(u.RestanteMB));
     if (u.PorDiaMB) {
         t += QString(", %1 al dia").arg(MB(*u.PorDiaMB));
     }
@@ -99,7 +99,6 @@ void PanelUsoPlanes::Mostrar(const std::vector<UsoConexion>& usos) {
     }
     for (const UsoConexion& u : usos) {
         auto* texto = new QLabel(Texto(u), this);
-        texto->setWordWrap(true);
         filas_->addWidget(texto);
         auto* barra = new BarraUso(u, this);
         barra->setToolTip("Azul: usado; azul claro: prevision al final del ciclo; raya: incluido");

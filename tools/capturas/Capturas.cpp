@@ -135,9 +135,10 @@ std::unique_ptr<QWidget> ResumenConPlanes(Datos& d) {
     PonerPlanes(d.carpeta);
     auto t = std::make_unique<TabResumen>();
     const auto usos =
-        UsoDeCarpeta(d.carpeta, {}, d.bono, d.registro.Registros(), {}, d.reloj.Hoy());
+        UsoDeCarpeta(d.carpeta, {}, d.bono, d.registro.Registros(),
+                     {{"Casa", "Metropolitana"}, {"Oficina", "Metropolitana"}}, d.reloj.Hoy());
     t->UsoPlanes().Mostrar(usos.value_or(std::vector<UsoConexion>{}));
-    t->resize(760, t->sizeHint().height());
+    t->setMinimumWidth(640);
     return t;
 }
 
