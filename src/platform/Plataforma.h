@@ -11,8 +11,8 @@
 #include "platform/ListaEntradas.h"
 #include "platform/ListaModems.h"
 #include "platform/Marcador.h"
-#include "platform/linux/OrdenSistema.h"
-#include "platform/linux/RaicesLinux.h"
+#include "platform/OrdenSistema.h"
+#include "platform/RaicesLinux.h"
 
 #include <filesystem>
 #include <memory>

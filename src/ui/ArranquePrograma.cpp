@@ -1,7 +1,7 @@
 #include "ArranquePrograma.h"
 
 #include "core/Errores.h"
-#include "platform/linux/OrdenPrograma.h"
+#include "platform/OrdenPrograma.h"
 
 #include <QProcess>
 #include <QStandardPaths>

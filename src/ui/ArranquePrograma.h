@@ -1,6 +1,6 @@
 #pragma once
 // Starts a program of the list "Cargar programas al conectar" as the Linux
-// desktop would (see platform/linux/OrdenPrograma.h). A program that cannot
+// desktop would (see platform/OrdenPrograma.h). A program that cannot
 // be started is reported in Spanish through `alFallar`, later when a
 // launcher has to be waited for; the program itself outlives the meter.
 

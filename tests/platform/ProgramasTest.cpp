@@ -3,7 +3,7 @@
 
 #include "CarpetaTemporal.h"
 #include "core/Errores.h"
-#include "platform/linux/OrdenPrograma.h"
+#include "platform/OrdenPrograma.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@
 // demand idle state and is no link at all (neither up nor dialling).
 
 #include "platform/FuenteConexiones.h"
-#include "platform/linux/RaicesLinux.h"
+#include "platform/RaicesLinux.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 // Dials with "pon PEER" and hangs up with "poff PEER", the Debian ppp tools.
 
 #include "platform/Marcador.h"
+#include "platform/OrdenSistema.h"
 #include "platform/linux/LectorPpp.h"
-#include "platform/linux/OrdenSistema.h"
 
 namespace vorimesk {
 

@@ -1,4 +1,4 @@
-#include "OrdenPrograma.h"
+#include "platform/OrdenPrograma.h"
 
 #include "core/Archivo.h"
 #include "core/Errores.h"

@@ -1,4 +1,4 @@
-#include "OrdenSistema.h"
+#include "platform/OrdenSistema.h"
 
 #include <cerrno>
 #include <spawn.h>
