@@ -165,7 +165,7 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     Control<QPushButton>(v.get(), "cmdConexion")->click();
     Tick(*v, SistemaPrueba::kConectando);
     EXPECT_EQ(Control<QLabel>(v.get(), "lTiempo")->text(), "00:00:00");
-    EXPECT_EQ(Control<QLabel>(v.get(), "lGasto")->text(), "0.00");
+    EXPECT_EQ(Control<QLabel>(v.get(), "lGasto")->text(), "0,00");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
 }
 
