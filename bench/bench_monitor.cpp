@@ -23,7 +23,7 @@ public:
     int Count() const override { return 0; }
     void SalvarLog() override {}
     LlamadaAnotada Anotada(int) const override { return {}; }
-    SesionEnLog Sesion(Fecha) const override { return SesionEnLog::Ausente; }
+    SesionEnLog EstadoEnLog(Fecha) const override { return SesionEnLog::Ausente; }
     int AnotarVista(const LlamadaVista&, const std::filesystem::path&, cBono&,
                     const std::vector<Fecha>&) override {
         return 0;

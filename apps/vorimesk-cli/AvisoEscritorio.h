@@ -3,17 +3,17 @@
 // the alert's own sentence, when the user's session has a notification
 // service; without one they stay in the output.
 
-#include "ObservadorVigilancia.h"
+#include "meter/ObservadorContador.h"
 #include "platform/Notificador.h"
 
 #include <memory>
 
 namespace vorimesk::cli {
 
-class AvisoEscritorio final : public ObservadorVigilancia {
+class AvisoEscritorio final : public ObservadorContador {
 public:
     explicit AvisoEscritorio(std::unique_ptr<Notificador> notificador);
-    void Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) override;
+    void Suceso(const SucesoMonitor& s, const MomentoContador& m) override;
 
 private:
     std::unique_ptr<Notificador> notificador_;

@@ -1,9 +1,9 @@
 #include "ObservadoresVigilar.h"
 
 #include "AvisoEscritorio.h"
-#include "EstadoCompartido.h"
 #include "SalidaJson.h"
 #include "SalidaTexto.h"
+#include "meter/EstadoCompartido.h"
 
 namespace vorimesk::cli {
 

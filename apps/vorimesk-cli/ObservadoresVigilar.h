@@ -2,8 +2,8 @@
 // Who hears the headless meter's events: the output (text or JSON lines) and
 // the state file of the data folder, the desktop's notifications.
 
-#include "ObservadorVigilancia.h"
 #include "Vigilancia.h"
+#include "meter/ObservadorContador.h"
 
 #include <iosfwd>
 #include <memory>

@@ -4,8 +4,6 @@
 #include "AjustesCli.h"
 #include "ArgumentosCli.h"
 #include "OrdenesRegistro.h"
-#include "core/Archivo.h"
-#include "core/CerrojoArchivo.h"
 #include "core/Reloj.h"
 #include "register/Log.h"
 #include "tariff/colConexion.h"
@@ -15,8 +13,6 @@
 #include <optional>
 #include <ostream>
 #include <vector>
-
-namespace fs = std::filesystem;
 
 namespace vorimesk::cli {
 namespace {
@@ -60,14 +56,6 @@ CLI::Validator PendienteValida() {
         "", "pendiente");
 }
 
-// The register could not be saved after the log was deleted: the log's
-// calls go back in front of whatever a modem wrote since.
-void DevolverModemLog(const fs::path& ruta, const std::string& leido) {
-    const auto cerrojo = CerrojoArchivo::Intentar(RutaCerrojo(ruta));
-    const std::string nuevo = ExisteArchivo(ruta) ? LeerArchivo(ruta) : std::string();
-    EscribirArchivoSeguro(ruta, leido + nuevo);
-}
-
 void Informar(std::ostream& o, const OpcionesLeerLog& op, bool resultado, int añadidas) {
     if (op.json) {
         nlohmann::ordered_json j;
@@ -90,26 +78,15 @@ int LeerLog(ContextoCli& contexto, const OpcionesLeerLog& op, std::ostream& sali
     Sesion sesion(contexto.Carpeta(), reloj);
     LeerAjustes(sesion);
     sesion.CargarRegistro();
-    Log& log = sesion.Registro();
-    log.NombreLog(op.log);
     colConexion pendientes;
     for (const std::string& texto : op.pendientes) {
         const Pendiente p = *LeerPendiente(texto);
         pendientes.Add(p.fecha, p.tarifa, p.descuento, p.conexion);
     }
-    const std::string leido = ExisteArchivo(op.log) ? LeerArchivo(op.log) : std::string();
-    const int antes = log.Count();
-    const bool resultado = log.AñadirLog(sesion.Bono(), sesion.Festivos(), pendientes);
-    try {
-        sesion.LlamadasAnotadas();
-    } catch (const Error&) {
-        if (resultado) {
-            DevolverModemLog(op.log, leido);
-        }
-        throw;
-    }
+    const int antes = sesion.Registro().Count();
+    const bool resultado = sesion.AñadirModemLog(op.log, pendientes);
     sesion.GuardarBonoSiCambio();
-    Informar(salida, op, resultado, log.Count() - antes);
+    Informar(salida, op, resultado, sesion.Registro().Count() - antes);
     return kSalidaBien;
 }
 

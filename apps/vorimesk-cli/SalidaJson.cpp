@@ -1,7 +1,7 @@
 #include "SalidaJson.h"
 
-#include "LineaEstado.h"
 #include "VistaLlamadas.h"
+#include "meter/LineaEstado.h"
 #include "monitor/TextoAviso.h"
 #include "register/Log.h"
 
@@ -24,7 +24,7 @@ void SalidaJson::Escribir(const char* suceso, Fecha hora, json campos) {
     salida_.flush();
 }
 
-void SalidaJson::Comienzo(const InicioVigilancia& i) {
+void SalidaJson::Comienzo(const InicioContador& i) {
     Escribir("vigilando", i.ahora,
              {{"carpeta", i.carpeta.string()},
               {"logModem", i.rutaModemLog},
@@ -32,7 +32,7 @@ void SalidaJson::Comienzo(const InicioVigilancia& i) {
               {"pid", static_cast<long>(::getpid())}});
 }
 
-void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
+void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoContador& m) {
     const PantallaMonitor& p = m.monitor.Pantalla();
     switch (s.tipo) {
     case SucesoMonitor::Tipo::LlamadaIniciada:
@@ -73,13 +73,16 @@ void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
     case SucesoMonitor::Tipo::LlamadasCorregidas:
         Escribir("llamadas_corregidas", m.ahora, {{"llamadas", s.llamadas}});
         break;
+    case SucesoMonitor::Tipo::MarcadoFallido:
+        Escribir("marcado_fallido", m.ahora, {{"texto", s.texto}});
+        break;
     case SucesoMonitor::Tipo::MostrarMini:
     case SucesoMonitor::Tipo::RellenarRegistro:
         break;
     }
 }
 
-void SalidaJson::Lectura(const MomentoVigilancia& m) {
+void SalidaJson::Lectura(const MomentoContador& m) {
     ultimaHora_ = m.ahora; // the stop and a failure carry the last tick's time
     if (cambio_.Cambia(m.lectura)) {
         Escribir("estado", m.ahora,

@@ -4,20 +4,20 @@
 // The fields are a contract, listed in the manual page; every object has
 // "suceso" (its kind) and "hora" (the meter's clock, "AAAA-MM-DD hh:mm:ss").
 
-#include "ObservadorVigilancia.h"
+#include "meter/ObservadorContador.h"
 
 #include <iosfwd>
 #include <nlohmann/json.hpp>
 
 namespace vorimesk::cli {
 
-class SalidaJson final : public ObservadorVigilancia {
+class SalidaJson final : public ObservadorContador {
 public:
     explicit SalidaJson(std::ostream& salida);
 
-    void Comienzo(const InicioVigilancia& inicio) override;
-    void Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) override;
-    void Lectura(const MomentoVigilancia& m) override;
+    void Comienzo(const InicioContador& inicio) override;
+    void Suceso(const SucesoMonitor& s, const MomentoContador& m) override;
+    void Lectura(const MomentoContador& m) override;
     void Error(const std::string& texto) override;
     void Fin() override;
 

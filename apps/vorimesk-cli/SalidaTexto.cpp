@@ -1,6 +1,6 @@
 #include "SalidaTexto.h"
 
-#include "LineaEstado.h"
+#include "meter/LineaEstado.h"
 #include "register/Log.h"
 
 #include <ostream>
@@ -10,13 +10,13 @@ namespace vorimesk::cli {
 SalidaTexto::SalidaTexto(std::ostream& salida, std::ostream& errores, bool terminal)
     : salida_(salida), errores_(errores), terminal_(terminal) {}
 
-void SalidaTexto::Comienzo(const InicioVigilancia& i) {
+void SalidaTexto::Comienzo(const InicioContador& i) {
     salida_ << "Vigilando las conexiones" << (i.simulada ? " del modem simulado" : "")
             << " (Ctrl-C para terminar). Registro de sesiones: " << i.rutaModemLog << "\n";
     salida_.flush();
 }
 
-void SalidaTexto::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
+void SalidaTexto::Suceso(const SucesoMonitor& s, const MomentoContador& m) {
     if (s.tipo == SucesoMonitor::Tipo::LlamadasAnotadas) {
         for (int i = m.log.Count() - s.llamadas; i < m.log.Count(); ++i) {
             Linea(m, LineaAnotada(m.log, i));
@@ -28,7 +28,7 @@ void SalidaTexto::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
     }
 }
 
-void SalidaTexto::Lectura(const MomentoVigilancia& m) {
+void SalidaTexto::Lectura(const MomentoContador& m) {
     // On a terminal the status line shows the state.
     if (cambio_.Cambia(m.lectura) && !terminal_) {
         std::string texto = std::string("Estado: ") + NombreEstado(m.lectura.IntState);
@@ -39,7 +39,7 @@ void SalidaTexto::Lectura(const MomentoVigilancia& m) {
     }
 }
 
-void SalidaTexto::Tick(const MomentoVigilancia& m) {
+void SalidaTexto::Tick(const MomentoContador& m) {
     if (terminal_) {
         // The status line is rewritten in place.
         salida_ << "\r\x1b[K" << LineaEstado(m.monitor, m.lectura);
@@ -48,7 +48,7 @@ void SalidaTexto::Tick(const MomentoVigilancia& m) {
     }
 }
 
-void SalidaTexto::Linea(const MomentoVigilancia& m, const std::string& texto) {
+void SalidaTexto::Linea(const MomentoContador& m, const std::string& texto) {
     CerrarEstado();
     salida_ << m.ahora.TextoIso().substr(11) << " " << texto << "\n";
     salida_.flush();

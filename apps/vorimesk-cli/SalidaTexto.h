@@ -5,25 +5,25 @@
 // on its own line with the meter's time, so a day's log holds calls and
 // alerts, not 86,400 status lines.
 
-#include "ObservadorVigilancia.h"
+#include "meter/ObservadorContador.h"
 
 #include <iosfwd>
 
 namespace vorimesk::cli {
 
-class SalidaTexto final : public ObservadorVigilancia {
+class SalidaTexto final : public ObservadorContador {
 public:
     SalidaTexto(std::ostream& salida, std::ostream& errores, bool terminal);
 
-    void Comienzo(const InicioVigilancia& inicio) override;
-    void Lectura(const MomentoVigilancia& m) override;
-    void Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) override;
-    void Tick(const MomentoVigilancia& m) override;
+    void Comienzo(const InicioContador& inicio) override;
+    void Lectura(const MomentoContador& m) override;
+    void Suceso(const SucesoMonitor& s, const MomentoContador& m) override;
+    void Tick(const MomentoContador& m) override;
     void Error(const std::string& texto) override;
     void Fin() override;
 
 private:
-    void Linea(const MomentoVigilancia& m, const std::string& texto);
+    void Linea(const MomentoContador& m, const std::string& texto);
     void CerrarEstado();
     // On the error stream, clearing a status line left on the terminal.
     void Avisar(const std::string& texto);

@@ -1,14 +1,10 @@
 #pragma once
-// The headless meter of `vigilar`: the user's session (settings, ledger,
-// pending list, register), the platform and the monitor, put together over
-// one data folder. The caller drives it one tick per second of meter time and
-// saves at the end; when files are written is the session's rule.
+// The meter of `vigilar` over one data folder: its clock (the system's, or
+// the scripted modem's that the loop moves on) and the Contador, whose
+// events the observers turn into lines, JSON and notifications.
 
-#include "ObservadorVigilancia.h"
-#include "monitor/MonitorConexion.h"
-#include "platform/LineaPlataforma.h"
-#include "platform/Plataforma.h"
-#include "session/Sesion.h"
+#include "meter/Contador.h"
+#include "meter/ObservadorContador.h"
 
 #include <filesystem>
 #include <memory>
@@ -30,42 +26,29 @@ public:
     // Reads the settings and starts the platform, writing nothing. Throws
     // Error (Spanish) when the script or a file cannot be read.
     Vigilancia(std::filesystem::path carpeta, const OpcionesVigilar& opciones,
-               ObservadorVigilancia& observador);
+               ObservadorContador& observador);
     ~Vigilancia();
 
     // False when another copy of the meter already runs; then nothing more
     // is to be done.
     bool Adquirir();
-    // Loads the register (creating an empty one) and starts the monitor.
+    // Loads the register (creating an empty one) and takes the calls made
+    // while the meter was closed.
     void Iniciar();
-    // Looks at the connection, runs the monitor and tells the observer.
-    void Paso();
+    // One second of the meter.
+    void Paso() { contador_->Paso(); }
     // Time of the scripted modem moves on by one second.
-    void Avanzar();
+    void Avanzar() { relojSimulado_.Avanzar(1); }
     bool Simulada() const { return simulada_; }
-    // The normal end: the ended calls still waiting for the system's
-    // session are recorded, and the session writes what it keeps.
-    void Guardar();
-
-    const std::string& RutaModemLog() const { return rutaModemLog_; }
+    // The normal end: every ended call is recorded and the session writes
+    // what it keeps.
+    void Guardar() { contador_->Parar(); }
 
 private:
-    std::string RutaLogModem() const;
-    void TomarSesionesDelSistema();
-
-    std::filesystem::path carpeta_;
     bool simulada_;
-    ObservadorVigilancia& observador_;
-
     RelojSistema relojSistema_;
     RelojFijo relojSimulado_;
-    const Reloj* reloj_;
-
-    Sesion sesion_;
-    Plataforma plataforma_;
-    std::string rutaModemLog_;
-    std::unique_ptr<LineaPlataforma> linea_;
-    std::unique_ptr<MonitorConexion> monitor_;
+    std::unique_ptr<Contador> contador_;
 };
 
 } // namespace vorimesk::cli

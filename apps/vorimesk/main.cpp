@@ -6,7 +6,6 @@
 #include "core/CarpetaDatos.h"
 #include "core/Errores.h"
 #include "platform/CargaAlIniciar.h"
-#include "platform/LineasModemLog.h"
 #include "platform/Plataforma.h"
 #include "tariff/LibroPorDefecto.h"
 #include "ui/Arranque.h"
@@ -85,7 +84,7 @@ int Ejecutar(AplicacionVorimesk& app) {
     entorno.ejecutable = QCoreApplication::applicationFilePath().toStdString();
     entorno.argumentos = OpcionesAlIniciar(opciones.datos);
     entorno.plataforma = plataforma;
-    entorno.logSinModem = RutaModemLogLinux(op.entorno.modemLog, carpeta);
+    entorno.sistema = op.entorno;
     entorno.reloj = &reloj;
     entorno.demostracion = opciones.guion.has_value();
 

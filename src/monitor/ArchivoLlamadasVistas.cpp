@@ -28,7 +28,7 @@ ArchivoLlamadasVistas::ArchivoLlamadasVistas(const fs::path& carpetaDatos)
 
 std::string ArchivoLlamadasVistas::NombreNuevo(const LlamadaVista& v) const {
     const std::string base =
-        Limpio(v.Inicio.TextoIso()) + "_" + Limpio(v.Sesion.empty() ? v.Interfaz : v.Sesion);
+        Limpio(v.Inicio.TextoIso()) + "_" + Limpio(v.Enlace.empty() ? v.Interfaz : v.Enlace);
     std::string nombre = base + kExtension;
     std::error_code ec;
     for (int n = 2; fs::exists(carpeta_ / nombre, ec); ++n) {

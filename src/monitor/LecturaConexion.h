@@ -32,7 +32,7 @@ struct LecturaConexion {
     // when the source cannot tell sessions apart. A new identity while a
     // call is open is a new call: the link dropped and came back between
     // two looks.
-    std::string Sesion = {};
+    std::string Enlace = {};
     std::string Interfaz = {};
     int Pid = 0;
     // A pppd that runs the journal hook may carry the link; false for links

@@ -44,7 +44,7 @@ std::string LlamadaVista::Texto() const {
     campo("descuento", Descuento);
     campo("interfaz", Interfaz);
     campo("pid", std::to_string(Pid));
-    campo("sesion", Sesion);
+    campo("sesion", Enlace);
     campo("fechaSesion", FechaSesion ? FechaSesion->TextoIso() : "");
     campo("recibidos", std::to_string(Recibidos));
     campo("enviados", std::to_string(Enviados));
@@ -83,7 +83,7 @@ std::optional<LlamadaVista> LlamadaVista::Leer(std::string_view texto) {
     v.Descuento = campos["descuento"];
     v.Interfaz = campos["interfaz"];
     v.Pid = *pid;
-    v.Sesion = campos["sesion"];
+    v.Enlace = campos["sesion"];
     if (!campos["fechaSesion"].empty()) {
         v.FechaSesion = Fecha::LeerIso(campos["fechaSesion"]);
         if (!v.FechaSesion) {

@@ -23,7 +23,7 @@ struct LlamadaVista {
     std::string Descuento;
     std::string Interfaz;
     int Pid = 0;
-    std::string Sesion; // the source's session identity, empty when unknown
+    std::string Enlace; // the link session's identity, empty when unknown
     // The "in use" stamp of the call's session in the system's log, as its
     // pending connection carries it; unset while the log gave none.
     std::optional<Fecha> FechaSesion;

@@ -35,7 +35,7 @@ void LlamadasPropias::Escribir(const Registro& r) {
 std::optional<LlamadaVista> LlamadasPropias::Reanudar(const std::string& sesion, Fecha ahora) {
     std::optional<LlamadaVista> retomada;
     for (Registro& r : sinRetomar_) {
-        if (!retomada && !sesion.empty() && r.vista.Sesion == sesion) {
+        if (!retomada && !sesion.empty() && r.vista.Enlace == sesion) {
             retomada = r.vista;
             abierta_ = std::move(r);
             guardada_ = ahora;
@@ -185,7 +185,7 @@ LlamadasPropias::Resultado LlamadasPropias::Vencidas(Fecha ahora, RegistroMonito
         }
         try {
             const LlamadaVista& v = it->vista;
-            if (v.FechaSesion && registro.Sesion(*v.FechaSesion) == SesionEnLog::Cerrada) {
+            if (v.FechaSesion && registro.EstadoEnLog(*v.FechaSesion) == SesionEnLog::Cerrada) {
                 ++it; // in the log, behind a session still open: read with it
                 continue;
             }

@@ -30,11 +30,17 @@ template <typename Paso> void MonitorConexion::Propias(Sucesos& s, Paso paso) {
 }
 
 MonitorConexion::Sucesos MonitorConexion::Tick(const LecturaConexion& lectura) {
+    Sucesos s = TickEnlace(lectura);
+    Sucesos hora = TickHora();
+    s.insert(s.end(), hora.begin(), hora.end());
+    return s;
+}
+
+MonitorConexion::Sucesos MonitorConexion::TickEnlace(const LecturaConexion& lectura) {
     Sucesos s = TickEstado(lectura);
     volumenVivo_.Bytes(lectura.Recibidos, lectura.Enviados);
-    for (Sucesos parte : {TickActual(), TickHora()}) {
-        s.insert(s.end(), parte.begin(), parte.end());
-    }
+    Sucesos actual = TickActual();
+    s.insert(s.end(), actual.begin(), actual.end());
     return s;
 }
 
@@ -78,17 +84,17 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
         p.MsgEstado = p.Aviso;
     }
     const bool conectado = estado == LecturaConexion::kConectado;
-    if (!conectado || OtraSesion(sesionColgada_, lectura.Sesion)) {
+    if (!conectado || OtraSesion(sesionColgada_, lectura.Enlace)) {
         colgadoPorUsuario_ = false;
     }
     if (!conectado) {
         // Records a stopped meter left open belong to links gone by now.
         Propias(s, [&] { propias_.Reanudar({}, reloj_.Ahora()); });
     }
-    if (LlamadaAbierta() && !OtraSesion(sesionLlamada_, lectura.Sesion)) {
+    if (LlamadaAbierta() && !OtraSesion(sesionLlamada_, lectura.Enlace)) {
         SeguirPropia(&lectura, s); // the final bytes come with the 0
     }
-    if (conectado && LlamadaAbierta() && OtraSesion(sesionLlamada_, lectura.Sesion)) {
+    if (conectado && LlamadaAbierta() && OtraSesion(sesionLlamada_, lectura.Enlace)) {
         // The link dropped and came back between two looks: the call that
         // was open ended, and this is another one.
         pantalla_.BotonConexion = false;
@@ -101,7 +107,7 @@ MonitorConexion::Sucesos MonitorConexion::TickEstado(const LecturaConexion& lect
         AlSoltar(s);
     } else if (LlamadaAbierta()) {
         if (sesionLlamada_.empty()) {
-            sesionLlamada_ = lectura.Sesion;
+            sesionLlamada_ = lectura.Enlace;
         }
         RefrescarFecha(s);
     }
@@ -116,7 +122,7 @@ bool MonitorConexion::OtraSesion(const std::string& vista, const std::string& ah
 void MonitorConexion::IniciarLlamada(const LecturaConexion& lectura, Sucesos& s) {
     // A wait for the previous call's log goes on: that call keeps its own.
     const std::string& entrada = lectura.EntryName;
-    sesionLlamada_ = lectura.Sesion;
+    sesionLlamada_ = lectura.Enlace;
     enganche_ = kEnganchado;
     // Pressing cmdConexion; a button the user already pressed to dial is
     // pressed all the same, so the connect actions run once for every call.
@@ -307,7 +313,7 @@ void MonitorConexion::AnotarPropias(Sucesos& s, bool rellenar, bool todas) {
 
 void MonitorConexion::AbrirPropia(const LecturaConexion& lectura, Sucesos& s) {
     Propias(s, [&] {
-        if (const auto retomada = propias_.Reanudar(lectura.Sesion, reloj_.Ahora())) {
+        if (const auto retomada = propias_.Reanudar(lectura.Enlace, reloj_.Ahora())) {
             inicioLlamada_ = retomada->Inicio; // the meter was stopped mid-call
             return;
         }
@@ -319,7 +325,7 @@ void MonitorConexion::AbrirPropia(const LecturaConexion& lectura, Sucesos& s) {
         v.Descuento = perfil.Descuento;
         v.Interfaz = lectura.Interfaz;
         v.Pid = lectura.Pid;
-        v.Sesion = lectura.Sesion;
+        v.Enlace = lectura.Enlace;
         v.ConDiario = lectura.ConDiario;
         v.Recibidos = lectura.Recibidos.value_or(0);
         v.Enviados = lectura.Enviados.value_or(0);

@@ -94,6 +94,8 @@ public:
     // One second of the meter: the state timer, then the live meter while a
     // call runs, then the clock timer.
     Sucesos Tick(const LecturaConexion& lectura);
+    // The same without the clock timer, for a caller that runs it apart.
+    Sucesos TickEnlace(const LecturaConexion& lectura);
     Sucesos TickEstado(const LecturaConexion& lectura);
     Sucesos TickActual();
     Sucesos TickHora();

@@ -21,10 +21,10 @@ bool RegistroLog::ExisteModemLog() const {
 
 bool RegistroLog::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos,
                             colConexion& pendientes) {
-    if (!sesiones_) {
+    if (!diario_) {
         return log_.AñadirLog(bono, festivos, pendientes);
     }
-    const TomaSesiones::Resultado r = TomarSesiones(bono, pendientes);
+    const TomaDiario::Resultado r = TomarDiario(bono, pendientes);
     if (r.Añadidas > 0 || r.Corregidas > 0) {
         guardadoCon_ = log_.Count();
     }
@@ -38,11 +38,11 @@ bool RegistroLog::AñadirLog(cBono& bono, const std::vector<Fecha>& festivos,
     return r.Tomadas > 0;
 }
 
-TomaSesiones::Resultado RegistroLog::TomarSesiones(cBono& bono, colConexion& pendientes) {
-    if (!sesiones_) {
+TomaDiario::Resultado RegistroLog::TomarDiario(cBono& bono, colConexion& pendientes) {
+    if (!diario_) {
         return {};
     }
-    TomaSesiones::Resultado r = sesiones_->Tomar(log_, *ajustes_, bono, pendientes);
+    TomaDiario::Resultado r = diario_->Tomar(log_, *ajustes_, bono, pendientes);
     corregidas_ += r.Corregidas;
     entradas_.insert(entradas_.end(), r.Entradas.begin(), r.Entradas.end());
     return r;
@@ -59,7 +59,7 @@ void RegistroLog::SalvarLog() {
 }
 
 void RegistroLog::LlamadaTerminada(Fecha inicio) {
-    if (sesiones_ && sesiones_->HaySesiones()) {
+    if (diario_ && diario_->HaySesiones()) {
         esperada_ = inicio;
     }
 }
@@ -69,7 +69,7 @@ LlamadaAnotada RegistroLog::Anotada(int indice) const {
             log_.Conexion(indice)};
 }
 
-SesionEnLog RegistroLog::Sesion(Fecha inicio) const {
+SesionEnLog RegistroLog::EstadoEnLog(Fecha inicio) const {
     if (!ExisteModemLog()) {
         return SesionEnLog::Ausente;
     }
@@ -113,11 +113,11 @@ int RegistroLog::AnotarVista(const LlamadaVista& vista, const std::filesystem::p
     }
     log_.NombreLog(delSistema);
     const int anotadas = log_.Count() - antes;
-    if (anotadas > 0 && sesiones_ && !vista.Interfaz.empty()) {
+    if (anotadas > 0 && diario_ && !vista.Interfaz.empty()) {
         // Its session may come after all: it will correct this call. The
         // call stands without the note: written again it would be twice.
         try {
-            sesiones_->Anotada(vista);
+            diario_->Anotada(vista);
         } catch (const Error&) {
         }
     }
@@ -128,10 +128,10 @@ bool RegistroLog::SesionPuedeLlegar(const LlamadaVista& vista) const {
     if (!vista.ConDiario) {
         return false;
     }
-    if (!sesiones_) {
+    if (!diario_) {
         return true; // the modem log alone: waited for a bounded time
     }
-    return sesiones_->PuedeLlegar(vista.Interfaz, vista.Pid);
+    return diario_->PuedeLlegar(vista.Interfaz, vista.Pid);
 }
 
 } // namespace vorimesk

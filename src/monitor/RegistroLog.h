@@ -1,11 +1,11 @@
 #pragma once
 // The call register (Log) as the monitor uses it. Where the system records
-// every link session by itself (TomaSesiones), the finished calls come from
+// every link session by itself (TomaDiario), the finished calls come from
 // there: at the end of a call the session that covers it is awaited, and
 // whatever sessions were not taken yet are taken with it.
 
 #include "RegistroMonitor.h"
-#include "TomaSesiones.h"
+#include "TomaDiario.h"
 #include "register/Log.h"
 #include "settings/Settings.h"
 
@@ -18,12 +18,12 @@ namespace vorimesk {
 class RegistroLog : public RegistroMonitor {
 public:
     explicit RegistroLog(Log& log) : log_(log) {}
-    // From now on the calls come from `sesiones`, priced with the entry
+    // From now on the calls come from the journal `diario`, priced with the entry
     // profiles of `ajustes`. Null keeps the modem log alone (the scripted
     // modem writes it itself).
-    void UsarSesiones(const Settings& ajustes, std::shared_ptr<TomaSesiones> sesiones) {
+    void UsarDiario(const Settings& ajustes, std::shared_ptr<TomaDiario> diario) {
         ajustes_ = &ajustes;
-        sesiones_ = std::move(sesiones);
+        diario_ = std::move(diario);
     }
 
     // The modem log is there, or an ended call still waits for its session.
@@ -36,7 +36,7 @@ public:
     void LlamadaTerminada(Fecha inicio) override;
     LlamadaAnotada Anotada(int indice) const override;
     const std::vector<RegistroLlamada>* Llamadas() const override { return &log_.Registros(); }
-    SesionEnLog Sesion(Fecha inicio) const override;
+    SesionEnLog EstadoEnLog(Fecha inicio) const override;
     int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono& bono,
                     const std::vector<Fecha>& festivos) override;
     bool SesionPuedeLlegar(const LlamadaVista& vista) const override;
@@ -48,12 +48,12 @@ public:
 
     // Takes the sessions recorded while the meter was closed (at start-up,
     // once the register is loaded). Nothing without a session journal.
-    TomaSesiones::Resultado TomarSesiones(cBono& bono, colConexion& pendientes);
+    TomaDiario::Resultado TomarDiario(cBono& bono, colConexion& pendientes);
 
 private:
     Log& log_;
     const Settings* ajustes_ = nullptr;
-    std::shared_ptr<TomaSesiones> sesiones_;
+    std::shared_ptr<TomaDiario> diario_;
     std::optional<Fecha> esperada_;  // start of the ended call awaiting its session
     std::optional<int> guardadoCon_; // the register's size when the taking saved it
     int corregidas_ = 0;

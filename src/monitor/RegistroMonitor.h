@@ -55,7 +55,7 @@ public:
     virtual LlamadaAnotada Anotada(int indice) const = 0;
     // Whether the modem log holds the session that began at `inicio`, and
     // whether its closing lines are there.
-    virtual SesionEnLog Sesion(Fecha inicio) const = 0;
+    virtual SesionEnLog EstadoEnLog(Fecha inicio) const = 0;
     // Appends the meter's own record as a call, priced by the register's
     // reader like a session of the modem log (written to `rutaLog` for it),
     // with the record's tariff and discount. Returns the calls appended.

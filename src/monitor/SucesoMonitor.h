@@ -30,6 +30,9 @@ struct SucesoMonitor {
         // `llamadas` calls recorded from the meter's own records were
         // corrected in place by their late system sessions, already saved
         LlamadasCorregidas,
+        // `texto`: a dial the user asked for neither came up nor failed in
+        // time, or the system refused it; the button was let go
+        MarcadoFallido,
     };
 
     Tipo tipo;

@@ -12,7 +12,7 @@ inline LecturaConexion LeerFuente(FuenteConexiones& fuente) {
     fuente.Actualizar();
     LecturaConexion l{fuente.Count(), fuente.IntState(), fuente.EntryName(), fuente.Aviso()};
     const SesionEnlace sesion = fuente.Sesion();
-    l.Sesion = sesion.Identidad();
+    l.Enlace = sesion.Identidad();
     l.Interfaz = sesion.interfaz.empty() ? fuente.Interfaz() : sesion.interfaz;
     l.Pid = sesion.pid;
     l.ConDiario = fuente.Origen() != OrigenEnlace::NetworkManager;

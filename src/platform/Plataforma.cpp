@@ -75,11 +75,11 @@ Plataforma Linux(const OpcionesPlataforma& o) {
     p.modems = std::make_shared<ModemsLinux>(o.raices.sys,
                                              RutaModemLogLinux(o.entorno.modemLog, o.carpetaDatos));
     OrigenSesiones origen;
-    if (o.entorno.sesiones && !o.entorno.sesiones->empty()) {
-        origen.diario = *o.entorno.sesiones;
+    if (o.entorno.diario && !o.entorno.diario->empty()) {
+        origen.diario = *o.entorno.diario;
     }
     origen.carpetaDatos = o.carpetaDatos;
-    p.sesiones = std::make_shared<TomaDiarioPpp>(origen);
+    p.diario = std::make_shared<TomaDiarioPpp>(origen);
     p.cargaAlIniciar = std::make_shared<CargaAlIniciarXdg>(
         CargaAlIniciarXdg::Carpeta(o.entorno.xdgConfigHome, o.entorno.home));
     p.origen = "Conexiones " + OrigenPppd(o);

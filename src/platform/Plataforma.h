@@ -4,7 +4,7 @@
 // rest of the program only sees the interfaces.
 
 #include "core/Reloj.h"
-#include "monitor/TomaSesiones.h"
+#include "monitor/TomaDiario.h"
 #include "platform/CargaAlIniciar.h"
 #include "platform/FuenteConexiones.h"
 #include "platform/InstanciaUnica.h"
@@ -27,7 +27,7 @@ struct EntornoPlataforma {
     std::optional<std::string> xdgConfigHome; // XDG_CONFIG_HOME: the autostart folder
     std::optional<std::string> xdgRuntimeDir; // XDG_RUNTIME_DIR
     std::optional<std::string> modemLog;      // VORIMESK_MODEMLOG: the modem log read
-    std::optional<std::string> sesiones;      // VORIMESK_SESIONES: the pppd journal
+    std::optional<std::string> diario;        // VORIMESK_SESIONES: the pppd journal
     static EntornoPlataforma Actual();
 };
 
@@ -55,7 +55,7 @@ struct Plataforma {
     std::shared_ptr<InstanciaUnica> instancia;
     // The sessions the system recorded by itself (the pppd journal); none
     // for the scripted modem, which writes its modem log directly.
-    std::shared_ptr<TomaSesiones> sesiones;
+    std::shared_ptr<TomaDiario> diario;
     // Where the links come from, in one line for the user.
     std::string origen;
 };

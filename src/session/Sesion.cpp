@@ -1,12 +1,13 @@
 #include "Sesion.h"
 
-#include <algorithm>
-
 #include "core/Archivo.h"
+#include "core/CerrojoArchivo.h"
 #include "core/ErrorFormato.h"
 #include "settings/ArchivoVariables.h"
 #include "tariff/AjustesTarifa.h"
 #include "tariff/PeriodoEnCurso.h"
+
+#include <algorithm>
 
 namespace fs = std::filesystem;
 
@@ -96,13 +97,30 @@ void Sesion::LlamadasAnotadas() {
     // the calls came from is gone already, and the old file stays as the
     // backup copy.
     // The monitor's register skips a save the journal's taking made already.
-    registroMonitor_.RegistroLog::SalvarLog();
-    registroSucio_ = false;
+    registroMonitor_.SalvarLog();
 }
 
-TomaSesiones::Resultado Sesion::TomarSesionesDelSistema(std::shared_ptr<TomaSesiones> sesiones) {
-    registroMonitor_.UsarSesiones(datos_.Ajustes, std::move(sesiones));
-    return registroMonitor_.TomarSesiones(datos_.Bono, datos_.Conexiones);
+bool Sesion::AñadirModemLog(const std::filesystem::path& ruta, colConexion& pendientes) {
+    Log& log = datos_.Registro;
+    log.NombreLog(ruta.string());
+    const std::string leido = ExisteArchivo(ruta) ? LeerArchivo(ruta) : std::string();
+    const bool añadido = log.AñadirLog(datos_.Bono, Festivos(), pendientes);
+    try {
+        LlamadasAnotadas();
+    } catch (const Error&) {
+        if (añadido) {
+            const auto cerrojo = CerrojoArchivo::Intentar(RutaCerrojo(ruta));
+            const std::string nuevo = ExisteArchivo(ruta) ? LeerArchivo(ruta) : std::string();
+            EscribirArchivoSeguro(ruta, leido + nuevo);
+        }
+        throw;
+    }
+    return añadido;
+}
+
+TomaDiario::Resultado Sesion::TomarDiario(std::shared_ptr<TomaDiario> diario) {
+    registroMonitor_.UsarDiario(datos_.Ajustes, std::move(diario));
+    return registroMonitor_.TomarDiario(datos_.Bono, datos_.Conexiones);
 }
 
 void Sesion::RegistroCambiado() {

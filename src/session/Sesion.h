@@ -98,10 +98,15 @@ public:
     // finished call is made safe on disk here; today that is the register,
     // while the ledger and the pending list wait for the exit.
     void LlamadasAnotadas();
+    // The finished calls of the modem log `ruta`, matched with `pendientes`,
+    // enter the register, which is saved; the log is then gone. When the
+    // save fails the log's text goes back in front of whatever a modem wrote
+    // since, and the Error is thrown. False when the log has no finished call.
+    bool AñadirModemLog(const std::filesystem::path& ruta, colConexion& pendientes);
     // From now on finished calls come from the sessions the system records
     // by itself (null: the modem log alone); those recorded while the meter
     // was closed are taken at once. The register must be loaded.
-    TomaSesiones::Resultado TomarSesionesDelSistema(std::shared_ptr<TomaSesiones> sesiones);
+    TomaDiario::Resultado TomarDiario(std::shared_ptr<TomaDiario> diario);
     // What a tick of the monitor brought: when a call came up (its pending
     // record), calls were recorded or the bundles renewed, the settings file
     // with the ledger and the pending list is written at once, so a crash
@@ -129,7 +134,10 @@ private:
         // The register's Sesion (a session in the modem log) hides the class.
         explicit RegistroSesion(vorimesk::Sesion& sesion)
             : RegistroLog(sesion.datos_.Registro), sesion_(sesion) {}
-        void SalvarLog() override { sesion_.LlamadasAnotadas(); }
+        void SalvarLog() override {
+            RegistroLog::SalvarLog();
+            sesion_.registroSucio_ = false;
+        }
 
     private:
         vorimesk::Sesion& sesion_;

@@ -21,8 +21,9 @@ struct EntornoVentana {
     std::vector<std::string> argumentos;
     // The entries, modems, dialling, connection state and start at login.
     Plataforma plataforma;
-    // The session log to read when the system has no modem at all.
-    std::filesystem::path logSinModem;
+    // The environment the platform was made with (where the session log is
+    // when the system has no modem at all, ...).
+    EntornoPlataforma sistema = EntornoPlataforma::Actual();
     const Reloj* reloj = nullptr;
     // Started on a scripted modem to show a call: the mini window comes up
     // with every call, whatever the options say.

@@ -6,8 +6,8 @@
 #include "MenuBandeja.h"
 #include "ModeloRegistro.h"
 #include "PanelConexion.h"
-#include "PreguntaCargaAlIniciar.h"
 #include "PanelUsoPlanes.h"
+#include "PreguntaCargaAlIniciar.h"
 #include "Proteger.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
@@ -45,13 +45,19 @@ constexpr int kIntervaloBandeja = 2000;
 // Closing to the tray is explained once per data folder.
 constexpr const char* kClaveBandejaAvisada = "Bandeja/Avisada";
 
+OpcionesPlataforma OpcionesDelContador(const EntornoVentana& e) {
+    OpcionesPlataforma o;
+    o.carpetaDatos = e.carpetaDatos;
+    o.reloj = e.reloj;
+    o.entorno = e.sistema;
+    return o;
+}
+
 } // namespace
 
 fMain::fMain(EntornoVentana entorno, QWidget* padre)
     : QMainWindow(padre), entorno_(std::move(entorno)),
-      sesion_(entorno_.carpetaDatos, *entorno_.reloj), linea_(*entorno_.plataforma.marcador),
-      monitor_(*entorno_.reloj, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
-               sesion_.RegistroDelMonitor(), linea_, entorno_.carpetaDatos) {
+      contador_(OpcionesDelContador(entorno_), entorno_.plataforma) {
     setWindowTitle("Vorimesk");
     setWindowIcon(IconoPrograma());
     HayBandeja = [] { return QSystemTrayIcon::isSystemTrayAvailable(); };
@@ -81,16 +87,13 @@ void fMain::Construir() {
 
     panel = new PanelConexion(this);
     connect(panel, &PanelConexion::Marcar, this, [this](const QString& entrada) {
-        Proteger(this, [&] { linea_.Marcar(entrada.toStdString()); });
+        Proteger(this, [&] { contador_.Marcar(entrada.toStdString()); });
     });
     connect(panel, &PanelConexion::Pulsado, this, [this](const QString& entrada) {
-        if (!entrada.isEmpty() && !monitor_.LlamadaAbierta()) {
-            esperaMarcado_.Empezar(entrada.toStdString(), entorno_.reloj->Ahora());
-        }
-        Proteger(this, [&] { Atender(monitor_.Pulsar(entrada.toStdString())); });
+        Proteger(this, [&] { Atender(contador_.Pulsar(entrada.toStdString())); });
     });
     connect(panel, &PanelConexion::Colgar, this,
-            [this] { Proteger(this, [&] { Atender(monitor_.Soltar()); }); });
+            [this] { Proteger(this, [&] { Atender(contador_.Soltar()); }); });
 
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName("SSTab1");
@@ -173,7 +176,7 @@ void fMain::Cargar() {
     Proteger(this, [this] { BuscarModem(); });
     Proteger(this, [this] { AplicarCargaAlIniciar(); });
     Proteger(this, [this] { LeerEntradas(); });
-    Proteger(this, [this] { CargarRegistro(); });
+    Proteger(this, [this] { Arrancar(); });
     Proteger(this, [this] { MostrarPeriodo(); });
     Proteger(this, [this] {
         tabBono->Mostrar();
@@ -230,15 +233,13 @@ void fMain::PonerBandeja() {
 }
 
 void fMain::BuscarModem() {
-    const std::optional<std::string> ruta = LogDelModemElegido(
-        entorno_.plataforma.modems->Modems(), datos_.Carpeta / kArchivoPreferencias, ElegirModem);
-    if (!ruta) {
-        avisos::SinModem(this);
+    const bool hayModem = contador_.ElegirLogModem([this](const std::vector<Modem>& modems) {
+        return ModemElegido(modems, datos_.Carpeta / kArchivoPreferencias, ElegirModem);
+    });
+    if (!hayModem) {
         // The calls still reach the register through the system's log.
-        datos_.Registro.NombreLog(entorno_.logSinModem.string());
-        return;
+        avisos::SinModem(this);
     }
-    datos_.Registro.NombreLog(*ruta);
 }
 
 void fMain::AplicarCargaAlIniciar() {
@@ -247,7 +248,7 @@ void fMain::AplicarCargaAlIniciar() {
 }
 
 void fMain::LeerEntradas() {
-    const std::vector<std::string> entradas = entorno_.plataforma.entradas->Entradas();
+    const std::vector<std::string> entradas = contador_.EntradasDelSistema();
     if (entradas == entradasSistema_) {
         return;
     }
@@ -256,24 +257,26 @@ void fMain::LeerEntradas() {
     lSinConexiones->setVisible(entradas.empty());
     mnuOne->MostrarEntradas(entradas);
     tabConexiones->MostrarEntradas(entradas);
-    if (!AñadirEntradasNuevas(datos_.Ajustes, entradas).empty()) {
+    if (!contador_.AñadirEntradasNuevas(entradas).empty()) {
         entradasNuevas_ = true;
         tabConexiones->MostrarEntradas(entradas);
     }
 }
 
-void fMain::CargarRegistro() {
+void fMain::Arrancar() {
+    MonitorConexion::Sucesos sucesos;
     try {
-        sesion_.CargarRegistro();
+        sucesos = contador_.Arrancar();
     } catch (const Error& error) {
         throw Error(std::string("No se pudo leer el registro de llamadas: ") + error.what() +
                     "\nNo se escribira en el mientras el programa siga abierto, para no perder "
                     "el archivo.");
     }
-    // Calls made while the meter was closed.
-    if (const auto toma = sesion_.TomarSesionesDelSistema(entorno_.plataforma.sesiones);
-        !toma.Error.empty()) {
-        throw Error(toma.Error);
+    // The calls made while the meter was closed could not be taken.
+    for (const SucesoMonitor& s : sucesos) {
+        if (s.tipo == SucesoMonitor::Tipo::ErrorRegistro) {
+            throw Error(s.texto);
+        }
     }
 }
 
@@ -363,9 +366,7 @@ void fMain::Recalcular() {
 }
 
 void fMain::GuardarTodo() {
-    // Every call that has ended is in the register before the program ends.
-    sesion_.TrasSucesos(monitor_.Parar());
-    sesion_.Guardar();
+    contador_.Parar();
 }
 
 bool fMain::Terminar() {

@@ -11,10 +11,7 @@
 
 #include "AnfitrionRegistro.h"
 #include "EntornoVentana.h"
-#include "monitor/EsperaMarcado.h"
-#include "monitor/MonitorConexion.h"
-#include "platform/LineaPlataforma.h"
-#include "session/Sesion.h"
+#include "meter/Contador.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -145,7 +142,7 @@ private:
     void AbrirArchivo();
     void AbrirGrafico();
     void LeerAjustes();
-    void CargarRegistro();
+    void Arrancar();
     void BuscarModem();
     void AplicarCargaAlIniciar();
     void LeerEntradas();
@@ -178,11 +175,10 @@ private:
     QLabel* lSinConexiones = nullptr;
 
     EntornoVentana entorno_;
-    Sesion sesion_;
+    Contador contador_;
+    Sesion& sesion_ = contador_.DatosUsuario();
     DatosSesion& datos_ = sesion_.Datos();
-    LineaPlataforma linea_;
-    MonitorConexion monitor_;
-    EsperaMarcado esperaMarcado_;
+    MonitorConexion& monitor_ = contador_.Monitor();
     SonidoAviso* sonido_ = nullptr;
     VigiaPresupuesto* presupuesto_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;

@@ -56,11 +56,11 @@ void fMain::ConstruirMenuBandeja() {
     connect(mnuOne, &MenuBandeja::ConectarCon, this, [this](const QString& entrada) {
         Proteger(this, [&] {
             panel->Elegir(entrada);
-            linea_.Marcar(entrada.toStdString());
+            contador_.Marcar(entrada.toStdString());
         });
     });
     connect(mnuOne->mnuDesconectar(), &QAction::triggered, this,
-            [this] { Proteger(this, [&] { Atender(monitor_.Soltar()); }); });
+            [this] { Proteger(this, [&] { Atender(contador_.Soltar()); }); });
     connect(mnuOne->mnuConfigurar(), &QAction::triggered, this, [this] {
         RestaurarVentanas();
         SSTab1->setCurrentIndex(kOpciones);

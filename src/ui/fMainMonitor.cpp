@@ -12,7 +12,6 @@
 #include "fMain.h"
 #include "fMini.h"
 #include "monitor/PerfilEntrada.h"
-#include "platform/LecturaFuente.h"
 
 #include <QAction>
 #include <QStatusBar>
@@ -22,20 +21,11 @@
 namespace vorimesk {
 
 void fMain::TickHora() {
-    Atender(monitor_.TickHora());
+    Atender(contador_.PasoHora());
 }
 
 void fMain::TickEstado() {
-    MonitorConexion::Sucesos sucesos =
-        monitor_.TickEstado(LeerFuente(*entorno_.plataforma.conexiones));
-    for (SucesoMonitor& s : monitor_.TickActual()) {
-        sucesos.push_back(std::move(s));
-    }
-    Atender(sucesos);
-    if (const auto fallo = esperaMarcado_.Mirar(monitor_.Pantalla(), entorno_.reloj->Ahora())) {
-        Atender(monitor_.Soltar());
-        statusBar()->showMessage(QString::fromStdString(*fallo));
-    }
+    Atender(contador_.PasoEstado());
 }
 
 void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
@@ -77,6 +67,7 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
         case SucesoMonitor::Tipo::LogSinCerrar:
         case SucesoMonitor::Tipo::SinRegistroSistema:
         case SucesoMonitor::Tipo::LlamadasCorregidas:
+        case SucesoMonitor::Tipo::MarcadoFallido:
             statusBar()->showMessage(QString::fromStdString(s.texto));
             break;
         case SucesoMonitor::Tipo::ErrorRegistro:
@@ -89,14 +80,6 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
             // the monitor's values below.
             break;
         }
-    }
-    // What a crash must not lose goes to disk at once; a failure is told
-    // without stopping the meter.
-    try {
-        sesion_.TrasSucesos(sucesos);
-    } catch (const Error& e) {
-        statusBar()->showMessage(QString::fromStdString(e.what()));
-        std::cerr << "Vorimesk: " << e.what() << "\n";
     }
     MostrarPantalla();
 }

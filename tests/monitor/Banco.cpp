@@ -44,7 +44,7 @@ LlamadaAnotada RegistroFalso::Anotada(int indice) const {
     return anotadas.at(static_cast<std::size_t>(indice));
 }
 
-SesionEnLog RegistroFalso::Sesion(Fecha) const {
+SesionEnLog RegistroFalso::EstadoEnLog(Fecha) const {
     return sesionEnLog;
 }
 
@@ -74,7 +74,7 @@ void BancoMonitor::SetUp() {
 
 MonitorConexion::Sucesos BancoMonitor::Tick(int estado, const std::string& entrada) {
     LecturaConexion l{estado == LecturaConexion::kNada ? 0 : 1, estado, entrada};
-    l.Sesion = sesion;
+    l.Enlace = sesion;
     return monitor->Tick(l);
 }
 

@@ -34,7 +34,7 @@ public:
     int Count() const override { return llamadas; }
     void SalvarLog() override { ++guardados; }
     LlamadaAnotada Anotada(int indice) const override;
-    SesionEnLog Sesion(Fecha inicio) const override;
+    SesionEnLog EstadoEnLog(Fecha inicio) const override;
     int AnotarVista(const LlamadaVista& vista, const std::filesystem::path& rutaLog, cBono&,
                     const std::vector<Fecha>& festivos) override;
 

@@ -43,7 +43,7 @@ protected:
         for (int i = 0; i < n; ++i) {
             reloj.Avanzar(1);
             LecturaConexion l{estado == kNada ? 0 : 1, estado, "Casa"};
-            l.Sesion = estado == kNada ? "" : sesion;
+            l.Enlace = estado == kNada ? "" : sesion;
             l.Interfaz = "ppp0";
             l.Pid = 300;
             l.Recibidos = 4096;
@@ -91,7 +91,7 @@ TEST(LlamadaVista, SuTextoVaYVuelveYUnoDañadoNoEsUnaLlamada) {
     v.Descuento = "BonoNet";
     v.Interfaz = "ppp0";
     v.Pid = 4242;
-    v.Sesion = "ppp0#7#4242";
+    v.Enlace = "ppp0#7#4242";
     v.FechaSesion = Miercoles(10, 0, 2);
     v.Recibidos = 123456789012ULL;
     v.Enviados = 5;
@@ -224,9 +224,9 @@ TEST_F(Propias, UnaSesionCerradaDetrasDeUnaAbiertaSeEsperaSinLimite) {
     Ticks(1, kConectado, "ppp0#6#300");
     Ticks(kEspera * 2, kConectado, "ppp0#6#300");
     EXPECT_EQ(Guardado().Count(), 0);
-    EXPECT_EQ(registro->Sesion(Miercoles(10, 0, 1)), SesionEnLog::Cerrada);
-    EXPECT_EQ(registro->Sesion(Miercoles(10, 0, 10)), SesionEnLog::Abierta);
-    EXPECT_EQ(registro->Sesion(Miercoles(9, 0, 0)), SesionEnLog::Ausente);
+    EXPECT_EQ(registro->EstadoEnLog(Miercoles(10, 0, 1)), SesionEnLog::Cerrada);
+    EXPECT_EQ(registro->EstadoEnLog(Miercoles(10, 0, 10)), SesionEnLog::Abierta);
+    EXPECT_EQ(registro->EstadoEnLog(Miercoles(9, 0, 0)), SesionEnLog::Ausente);
     Ticks(1, kNada);
     Bajada(reloj.Ahora());
     Ticks(kEspera * 2, kNada);
@@ -260,7 +260,7 @@ TEST_F(Propias, ElContadorMuertoRetomaLaLlamadaDesdeSuInicio) {
 }
 
 // A journal that keeps every session but, for these calls, gets none.
-class DiarioSinSesion : public TomaSesiones {
+class DiarioSinSesion : public TomaDiario {
 public:
     Resultado Tomar(Log&, const Settings&, cBono&, colConexion&) override { return {}; }
     bool HaySesiones() const override { return true; }
@@ -275,7 +275,7 @@ public:
 // ended call is in the register file.
 TEST_F(Propias, LaAnotacionEsLaLlamadaEnCuantoNingunaSesionPuedeLlegarYAlParar) {
     auto diario = std::make_shared<DiarioSinSesion>();
-    registro->UsarSesiones(ajustes, diario);
+    registro->UsarDiario(ajustes, diario);
     Ticks(20, kConectado);
     Ticks(1, kNada);
     auto s = Ticks(5, kNada);

@@ -68,7 +68,7 @@ protected:
             log.NombreLog((carpeta / kModemLogLinux).string());
             log.CargarLog();
         }
-        TomaSesiones::Resultado Tomar(const Settings& a) {
+        TomaDiario::Resultado Tomar(const Settings& a) {
             return toma.Tomar(log, a, bono, pendientes);
         }
         Log log;
@@ -213,12 +213,12 @@ TEST_F(DiarioSesiones, AlAcabarUnaLlamadaSeEsperaLaSesionQueLaCubre) {
     RegistroLog registro(ana.log);
     const auto t = Unix(2026, 3, 2, 10, 0, 0);
     // Without the hook's journal there is nothing to wait for.
-    registro.UsarSesiones(ajustes, std::make_shared<TomaDiarioPpp>(
-                                       OrigenSesiones{dir / "no-hay", antiguo, dir / "ana"}));
+    registro.UsarDiario(ajustes, std::make_shared<TomaDiarioPpp>(
+                                     OrigenSesiones{dir / "no-hay", antiguo, dir / "ana"}));
     registro.LlamadaTerminada(FechaLocal(t));
     EXPECT_FALSE(registro.ExisteModemLog());
 
-    registro.UsarSesiones(
+    registro.UsarDiario(
         ajustes, std::make_shared<TomaDiarioPpp>(OrigenSesiones{diario, antiguo, dir / "ana"}));
     // An older session not taken yet does not cover the call that ended.
     Poner("ppp1", "trabajo", t - 500, t - 400);
@@ -242,7 +242,7 @@ TEST_F(DiarioSesiones, AlAcabarUnaLlamadaSeEsperaLaSesionQueLaCubre) {
 TEST_F(DiarioSesiones, UnaSesionQueLlegaTardeCorrigeLaLlamadaAnotadaPorElContador) {
     Usuario ana(dir / "ana", diario, antiguo);
     RegistroLog registro(ana.log);
-    registro.UsarSesiones(
+    registro.UsarDiario(
         ajustes, std::make_shared<TomaDiarioPpp>(OrigenSesiones{diario, antiguo, dir / "ana"}));
     const auto t = Unix(2026, 3, 2, 10, 0, 0);
     const auto vista = [&](const std::string& iface, int pid, const std::string& entrada) {
@@ -262,7 +262,7 @@ TEST_F(DiarioSesiones, UnaSesionQueLlegaTardeCorrigeLaLlamadaAnotadaPorElContado
     Poner("ppp0", "casa", t, t + 60, 153600, 20480);
     Poner("ppp1", "trabajo", t + 1, t + 50); // pid 4049, not the record's 7777
 
-    const TomaSesiones::Resultado r = ana.Tomar(ajustes);
+    const TomaDiario::Resultado r = ana.Tomar(ajustes);
     EXPECT_EQ(r.Corregidas, 1);
     EXPECT_EQ(r.Añadidas, 1);
     Log guardado(dir / "ana");

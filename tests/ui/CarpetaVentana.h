@@ -60,7 +60,7 @@ protected:
         e.demostracion = demostracion;
         e.argumentos = {"--datos", dir.string()};
         e.plataforma = plataforma.Crear();
-        e.logSinModem = dir / "sinmodem.txt";
+        e.sistema.modemLog = (dir / "sinmodem.txt").string();
         e.reloj = &reloj;
         auto v = std::make_unique<fMain>(e);
         v->Cargar();

@@ -5,7 +5,7 @@
 #include "BusPrivado.h"
 #include "CarpetaVentana.h"
 #include "monitor/EstadoContador.h"
-#include "platform/linux/InstanciaUnicaFlock.h"
+#include "platform/Plataforma.h"
 #include "ui/Arranque.h"
 #include "ui/NotificacionAviso.h"
 #include "ui/TraduccionQt.h"
@@ -79,7 +79,7 @@ protected:
         e.carpetaPrograma = dir / "programa";
         e.ejecutable = dir / "programa" / "vorimesk";
         e.plataforma = plataforma.Crear();
-        e.logSinModem = dir / "sinmodem.txt";
+        e.sistema.modemLog = (dir / "sinmodem.txt").string();
         e.reloj = &reloj;
         return e;
     }
@@ -95,10 +95,10 @@ TEST_F(Servicio, LaVentanaDiceQueOtroContadorVigilaYPuedeRelevarlo) {
     ASSERT_GT(pid, 0);
     ASSERT_TRUE(CargarEstadoContador(dir).has_value()) << Leer(dir / "salida.txt");
 
-    InstanciaUnicaFlock instancia(InstanciaUnicaFlock::Ruta(dir));
-    ASSERT_FALSE(instancia.Adquirir());
+    const auto instancia = CrearInstanciaUnica(dir);
+    ASSERT_FALSE(instancia->Adquirir());
     RelojSistema relojSistema;
-    fOtroContador dialogo(dir, instancia, relojSistema);
+    fOtroContador dialogo(dir, *instancia, relojSistema);
     dialogo.Refrescar();
     const QString todo = Textos(dialogo).join("\n");
     EXPECT_TRUE(todo.contains(QString("(proceso %1) ya vigila").arg(pid))) << todo.toStdString();
@@ -113,7 +113,7 @@ TEST_F(Servicio, LaVentanaDiceQueOtroContadorVigilaYPuedeRelevarlo) {
     int estado = -1;
     ASSERT_EQ(::waitpid(pid, &estado, 0), pid);
     EXPECT_TRUE(WIFEXITED(estado) && WEXITSTATUS(estado) == 0) << Leer(dir / "salida.txt");
-    EXPECT_TRUE(instancia.Adquirir());
+    EXPECT_TRUE(instancia->Adquirir());
     EXPECT_NE(Leer(dir / "salida.txt").find("Registro y ajustes guardados."), std::string::npos);
 }
 

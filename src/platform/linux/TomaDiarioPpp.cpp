@@ -172,8 +172,8 @@ bool TomaDiarioPpp::PppdVivo(int pid) const {
     return cierre != std::string::npos && cierre + 2 < texto.size() && texto[cierre + 2] != 'Z';
 }
 
-TomaSesiones::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, cBono& bono,
-                                             colConexion& pendientes) {
+TomaDiario::Resultado TomaDiarioPpp::Tomar(Log& log, const Settings& ajustes, cBono& bono,
+                                           colConexion& pendientes) {
     Resultado r;
     if (log.NombreLog().empty()) {
         r.Error = std::string(kMensajeSinOrigenLog);

@@ -11,7 +11,7 @@
 // A session of a call the meter already recorded from its own record
 // (monitor/PropiasAnotadas.h) takes that call's place in the register.
 
-#include "monitor/TomaSesiones.h"
+#include "monitor/TomaDiario.h"
 #include "platform/linux/DiarioSesiones.h"
 
 #include <set>
@@ -19,7 +19,7 @@
 
 namespace vorimesk {
 
-class TomaDiarioPpp final : public TomaSesiones {
+class TomaDiarioPpp final : public TomaDiario {
 public:
     static constexpr const char* kArchivoTomadas = "SesionesTomadas.txt";
 

@@ -1,5 +1,5 @@
 #pragma once
-// The text of the headless meter: one status line per tick and one line per
+// The meter's words for what it sees: one status line per tick and one line per
 // thing that happened.
 
 #include "monitor/LecturaConexion.h"
@@ -9,10 +9,8 @@
 #include <string>
 
 namespace vorimesk {
-class Log;
-}
 
-namespace vorimesk::cli {
+class Log;
 
 // "Sin conexion", "Conectando", "Conectado", "Desconectado" by state code.
 const char* NombreEstado(int estado);
@@ -30,4 +28,4 @@ std::optional<std::string> LineaSuceso(const SucesoMonitor& suceso, const Monito
 // Call i of the register, as entered: start, duration, cost, tariff, entry.
 std::string LineaAnotada(const Log& log, int i);
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

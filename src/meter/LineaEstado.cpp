@@ -1,8 +1,8 @@
-#include "LineaEstado.h"
+#include "meter/LineaEstado.h"
 
 #include "register/Log.h"
 
-namespace vorimesk::cli {
+namespace vorimesk {
 const char* NombreEstado(int estado) {
     switch (estado) {
     case LecturaConexion::kNada:
@@ -71,6 +71,7 @@ std::optional<std::string> LineaSuceso(const SucesoMonitor& s, const MonitorCone
     case SucesoMonitor::Tipo::LogSinCerrar:
     case SucesoMonitor::Tipo::SinRegistroSistema:
     case SucesoMonitor::Tipo::LlamadasCorregidas:
+    case SucesoMonitor::Tipo::MarcadoFallido:
         return s.texto;
     case SucesoMonitor::Tipo::ErrorRegistro:
         return "Error del registro: " + s.texto;
@@ -91,4 +92,4 @@ std::string LineaAnotada(const Log& log, int i) {
            log.importe(i) + ", tarifa " + log.Tarifa(i) + ", " + log.Conexion(i) + ".";
 }
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

@@ -1,22 +1,22 @@
-#include "EstadoCompartido.h"
+#include "meter/EstadoCompartido.h"
 
-#include "LineaEstado.h"
 #include "core/Archivo.h"
 #include "core/Errores.h"
+#include "meter/LineaEstado.h"
 #include "register/Log.h"
 
 #include <unistd.h>
 
-namespace vorimesk::cli {
+namespace vorimesk {
 
-void EstadoCompartido::Comienzo(const InicioVigilancia& i) {
+void EstadoCompartido::Comienzo(const InicioContador& i) {
     carpeta_ = i.carpeta;
     estado_.pid = static_cast<long>(::getpid());
     estado_.suceso = "Vigilando las conexiones.";
     Guardar(i.ahora);
 }
 
-void EstadoCompartido::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) {
+void EstadoCompartido::Suceso(const SucesoMonitor& s, const MomentoContador& m) {
     switch (s.tipo) {
     case SucesoMonitor::Tipo::LlamadaIniciada:
         estado_.inicio = m.monitor.InicioLlamada().TextoIso();
@@ -41,7 +41,7 @@ void EstadoCompartido::Suceso(const SucesoMonitor& s, const MomentoVigilancia& m
     }
 }
 
-void EstadoCompartido::Lectura(const MomentoVigilancia& m) {
+void EstadoCompartido::Lectura(const MomentoContador& m) {
     ultimaHora_ = m.ahora;
     if (cambio_.Cambia(m.lectura)) {
         estado_.estado = m.lectura.IntState;
@@ -76,4 +76,4 @@ void EstadoCompartido::Guardar(Fecha hora) {
     }
 }
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

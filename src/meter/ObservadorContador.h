@@ -1,7 +1,7 @@
 #pragma once
-// What the headless meter tells the world, one call per event: the text or
-// JSON lines on the output, the desktop notifications, the state file other
-// programs read. Vigilancia feeds every observer the same events.
+// What the meter tells the world, one call per event: the text or JSON lines
+// of `vigilar`, the desktop notifications, the state file other programs
+// read. The Contador feeds every observer the same events, already saved.
 
 #include "core/Fecha.h"
 #include "monitor/LecturaConexion.h"
@@ -13,36 +13,34 @@
 #include <vector>
 
 namespace vorimesk {
-class Log;
-}
 
-namespace vorimesk::cli {
+class Log;
 
 // The meter at the moment of an event: its clock, the connection reading of
 // the tick, the monitor's display and the register.
-struct MomentoVigilancia {
+struct MomentoContador {
     Fecha ahora;
     const LecturaConexion& lectura;
     const MonitorConexion& monitor;
     const Log& log;
 };
 
-struct InicioVigilancia {
+struct InicioContador {
     Fecha ahora;
     std::filesystem::path carpeta;
     std::string rutaModemLog;
     bool simulada = false;
 };
 
-class ObservadorVigilancia {
+class ObservadorContador {
 public:
-    virtual ~ObservadorVigilancia() = default;
-    virtual void Comienzo(const InicioVigilancia&) {}
+    virtual ~ObservadorContador() = default;
+    virtual void Comienzo(const InicioContador&) {}
     // Each tick: the connection as read (before what it caused), one call
     // per monitor event, then Tick.
-    virtual void Lectura(const MomentoVigilancia&) {}
-    virtual void Suceso(const SucesoMonitor&, const MomentoVigilancia&) {}
-    virtual void Tick(const MomentoVigilancia&) {}
+    virtual void Lectura(const MomentoContador&) {}
+    virtual void Suceso(const SucesoMonitor&, const MomentoContador&) {}
+    virtual void Tick(const MomentoContador&) {}
     // A failure that stops the meter (the register or settings could not be
     // written, ...); Spanish text.
     virtual void Error(const std::string&) {}
@@ -69,25 +67,25 @@ private:
 };
 
 // Hands every event to each observer in turn.
-class Observadores final : public ObservadorVigilancia {
+class Observadores final : public ObservadorContador {
 public:
-    void Añadir(std::unique_ptr<ObservadorVigilancia> o) { lista_.push_back(std::move(o)); }
-    void Comienzo(const InicioVigilancia& i) override {
+    void Añadir(std::unique_ptr<ObservadorContador> o) { lista_.push_back(std::move(o)); }
+    void Comienzo(const InicioContador& i) override {
         for (auto& o : lista_) {
             o->Comienzo(i);
         }
     }
-    void Lectura(const MomentoVigilancia& m) override {
+    void Lectura(const MomentoContador& m) override {
         for (auto& o : lista_) {
             o->Lectura(m);
         }
     }
-    void Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) override {
+    void Suceso(const SucesoMonitor& s, const MomentoContador& m) override {
         for (auto& o : lista_) {
             o->Suceso(s, m);
         }
     }
-    void Tick(const MomentoVigilancia& m) override {
+    void Tick(const MomentoContador& m) override {
         for (auto& o : lista_) {
             o->Tick(m);
         }
@@ -104,7 +102,7 @@ public:
     }
 
 private:
-    std::vector<std::unique_ptr<ObservadorVigilancia>> lista_;
+    std::vector<std::unique_ptr<ObservadorContador>> lista_;
 };
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

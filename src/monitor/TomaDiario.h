@@ -21,7 +21,7 @@
 
 namespace vorimesk {
 
-class TomaSesiones {
+class TomaDiario {
 public:
     struct Resultado {
         int Añadidas = 0;                     // calls that entered the register
@@ -32,7 +32,7 @@ public:
         std::string Error;                    // Spanish; what was taken before it stands
     };
 
-    virtual ~TomaSesiones() = default;
+    virtual ~TomaDiario() = default;
     // Appends the calls of the sessions not taken yet to `log`, saves the
     // register when it got any and remembers them as taken. `log` must have
     // been loaded from its file.

@@ -4,16 +4,16 @@
 // this meter is doing; the file goes when the meter stops cleanly. A file
 // that cannot be written never stops the meter.
 
-#include "ObservadorVigilancia.h"
+#include "meter/ObservadorContador.h"
 #include "monitor/EstadoContador.h"
 
-namespace vorimesk::cli {
+namespace vorimesk {
 
-class EstadoCompartido final : public ObservadorVigilancia {
+class EstadoCompartido final : public ObservadorContador {
 public:
-    void Comienzo(const InicioVigilancia& inicio) override;
-    void Suceso(const SucesoMonitor& s, const MomentoVigilancia& m) override;
-    void Lectura(const MomentoVigilancia& m) override;
+    void Comienzo(const InicioContador& inicio) override;
+    void Suceso(const SucesoMonitor& s, const MomentoContador& m) override;
+    void Lectura(const MomentoContador& m) override;
     void Fin() override;
     void Error(const std::string& texto) override;
 
@@ -26,4 +26,4 @@ private:
     Fecha ultimaHora_;
 };
 
-} // namespace vorimesk::cli
+} // namespace vorimesk

@@ -4,7 +4,7 @@
 #include "BusPrivado.h"
 #include "CarpetaCli.h"
 #include "monitor/EstadoContador.h"
-#include "platform/linux/InstanciaUnicaFlock.h"
+#include "platform/Plataforma.h"
 #include "settings/ArchivoVariables.h"
 
 #include <algorithm>
@@ -170,8 +170,8 @@ TEST_F(Vigilar, CadaLlamadaSeGuardaEnElActoYElBakEsElDeAntesDeLaSesion) {
 
 TEST_F(Vigilar, SoloUnoPorCarpetaDeDatos) {
     fs::create_directories(datos);
-    InstanciaUnicaFlock otro(datos / "vorimesk.lock");
-    ASSERT_TRUE(otro.Adquirir());
+    const auto otro = CrearInstanciaUnica(datos);
+    ASSERT_TRUE(otro->Adquirir());
     const ResultadoCli r = Ejecutar({"vigilar", "--simular", Guion(), "--segundos", "1"});
     EXPECT_EQ(r.estado, 1);
     EXPECT_NE(r.errores.find("Vorimesk ya esta vigilando"), std::string::npos) << r.errores;
@@ -393,13 +393,13 @@ TEST_F(Vigilar, OtroContadorSeReleva) {
     const fs::path salida = dir / "salida.txt";
     const pid_t pid = Lanzar(datos, Guion(), salida);
     ASSERT_GT(pid, 0);
-    InstanciaUnicaFlock yo(datos / "vorimesk.lock");
-    for (int i = 0; i < 200 && !yo.Titular(); ++i) {
+    const auto yo = CrearInstanciaUnica(datos);
+    for (int i = 0; i < 200 && !yo->Titular(); ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
-    EXPECT_FALSE(yo.Adquirir());
-    EXPECT_EQ(yo.Titular(), std::optional<long>(pid));
-    EXPECT_TRUE(yo.Relevar(std::chrono::seconds(20)));
+    EXPECT_FALSE(yo->Adquirir());
+    EXPECT_EQ(yo->Titular(), std::optional<long>(pid));
+    EXPECT_TRUE(yo->Relevar(std::chrono::seconds(20)));
     EXPECT_EQ(Esperar(pid), 0) << Leer(salida);
     EXPECT_NE(Leer(salida).find("Registro y ajustes guardados."), std::string::npos);
 }
