@@ -4,11 +4,16 @@
 // NetworkManager's connections). The meter, if one runs, sees the link as it
 // sees any other.
 
+#include "AjustesCli.h"
 #include "ArgumentosCli.h"
 #include "Ordenes.h"
+#include "core/Archivo.h"
 #include "core/Texto1252.h"
+#include "meter/LimitesContador.h"
 #include "platform/LecturaFuente.h"
 #include "platform/Plataforma.h"
+#include "session/Sesion.h"
+#include "tariff/ArchivoPlanes.h"
 
 #include <algorithm>
 #include <memory>
@@ -42,7 +47,29 @@ void Hecho(bool json, std::ostream& salida, const char* orden, const std::string
     }
 }
 
-int Marcar(ContextoCli& contexto, const std::string& entrada, bool json, std::ostream& salida) {
+// A limit of the connection's plan refuses the dial until its cycle renews,
+// unless the user allows this one call.
+void ComprobarLimites(ContextoCli& contexto, const std::string& entrada) {
+    if (!ExisteArchivo(RutaPlanes(contexto.Carpeta()))) {
+        return;
+    }
+    const RelojSistema reloj;
+    Sesion sesion(contexto.Carpeta(), reloj);
+    LeerAjustes(sesion);
+    sesion.CargarRegistro();
+    LimitesContador limites(contexto.Carpeta());
+    if (const auto rechazo = limites.Rechazo(sesion, Recortar(entrada), reloj.Ahora())) {
+        throw ErrorOrden(*rechazo + " Para marcar de todos modos: vorimesk-cli marcar --forzar \"" +
+                         entrada + "\".");
+    }
+}
+
+int Marcar(ContextoCli& contexto, const std::string& entrada, bool forzar, bool json,
+           std::ostream& salida) {
+    // Refused before anything is asked of the system.
+    if (!forzar) {
+        ComprobarLimites(contexto, entrada);
+    }
     Plataforma p = PlataformaDe(contexto);
     const std::vector<std::string> entradas = p.entradas->Entradas();
     const bool conocida = std::any_of(entradas.begin(), entradas.end(), [&](const std::string& e) {
@@ -96,12 +123,15 @@ void RegistrarOrdenesLinea(AplicacionCli& aplicacion) {
     ContextoCli& contexto = aplicacion.Contexto();
     auto entrada = std::make_shared<std::string>();
     auto json = std::make_shared<bool>(false);
+    auto forzar = std::make_shared<bool>(false);
     CLI::App* marcar = aplicacion.Orden(
         "marcar", "Marca una entrada de acceso telefonico, como \"Conectar\" en la ventana",
-        [entrada, json, &contexto](std::ostream& salida, std::ostream&) {
-            return Marcar(contexto, *entrada, *json, salida);
+        [entrada, forzar, json, &contexto](std::ostream& salida, std::ostream&) {
+            return Marcar(contexto, *entrada, *forzar, *json, salida);
         });
     marcar->add_option("ENTRADA", *entrada, "La entrada (peer de pppd o conexion)")->required();
+    marcar->add_flag("--forzar", *forzar,
+                     "Marca aunque un limite del plan de la conexion lo impida (solo esta vez)");
     marcar->add_flag("--json", *json, "Resultado como documento JSON");
 
     auto colgada = std::make_shared<std::optional<std::string>>();

@@ -76,6 +76,24 @@ void SalidaJson::Suceso(const SucesoMonitor& s, const MomentoContador& m) {
     case SucesoMonitor::Tipo::MarcadoFallido:
         Escribir("marcado_fallido", m.ahora, {{"texto", s.texto}});
         break;
+    case SucesoMonitor::Tipo::LimiteAviso:
+        Escribir("limite", m.ahora, {{"texto", s.texto}});
+        break;
+    case SucesoMonitor::Tipo::LimiteNoMarcar:
+        Escribir("limite_no_marcar", m.ahora, {{"texto", s.texto}});
+        break;
+    case SucesoMonitor::Tipo::LimiteCuentaAtras:
+        Escribir("limite_cuenta_atras", m.ahora, {{"segundos", s.llamadas}, {"texto", s.texto}});
+        break;
+    case SucesoMonitor::Tipo::LimiteColgado:
+        Escribir("limite_colgado", m.ahora, {{"texto", s.texto}});
+        break;
+    case SucesoMonitor::Tipo::LimiteCuentaCancelada:
+        Escribir("limite_cuenta_cancelada", m.ahora, {{"texto", s.texto}});
+        break;
+    case SucesoMonitor::Tipo::MarcadoRechazado:
+        Escribir("marcado_rechazado", m.ahora, {{"texto", s.texto}});
+        break;
     case SucesoMonitor::Tipo::MostrarMini:
     case SucesoMonitor::Tipo::RellenarRegistro:
         break;

@@ -21,7 +21,8 @@ Contador::Contador(const OpcionesPlataforma& opciones, Plataforma plataforma)
     : opciones_(opciones), reloj_(RelojDe(opciones)), sesion_(opciones.carpetaDatos, reloj_),
       plataforma_(std::move(plataforma)), linea_(*plataforma_.marcador),
       monitor_(reloj_, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
-               sesion_.RegistroDelMonitor(), linea_, opciones.carpetaDatos) {}
+               sesion_.RegistroDelMonitor(), linea_, opciones.carpetaDatos),
+      limites_(opciones.carpetaDatos) {}
 
 std::vector<std::string> Contador::EntradasDelSistema() const {
     return plataforma_.entradas->Entradas();
@@ -80,6 +81,16 @@ Contador::Sucesos Contador::PasoEstado() {
         Añadir(s, monitor_.Soltar());
         s.push_back({SucesoMonitor::Tipo::MarcadoFallido, *fallo});
     }
+    try {
+        LimitesContador::Paso limites = limites_.Mirar(sesion_, LlamadaEnCurso(), reloj_.Ahora());
+        Añadir(s, std::move(limites.sucesos));
+        if (limites.colgar) {
+            // The same hang-up as the user's own.
+            Añadir(s, monitor_.Soltar());
+        }
+    } catch (const Error& e) {
+        s.push_back({SucesoMonitor::Tipo::ErrorRegistro, e.what()});
+    }
     return Hecho(std::move(s));
 }
 
@@ -96,15 +107,44 @@ Contador::Sucesos Contador::Paso() {
     return s;
 }
 
-void Contador::Marcar(const std::string& entrada) {
-    linea_.Marcar(entrada);
+std::optional<LimitesContador::EnCurso> Contador::LlamadaEnCurso() const {
+    if (!monitor_.LlamadaAbierta()) {
+        return std::nullopt;
+    }
+    constexpr double kBytesMB = 1024.0 * 1024.0;
+    const double bytes = static_cast<double>(lectura_.Recibidos.value_or(0)) +
+                         static_cast<double>(lectura_.Enviados.value_or(0));
+    return LimitesContador::EnCurso{monitor_.EntradaLlamada(), bytes / kBytesMB,
+                                    static_cast<double>(monitor_.Medida().Coste)};
 }
 
-Contador::Sucesos Contador::Pulsar(const std::string& entrada) {
+std::optional<std::string> Contador::RechazoLimite(const std::string& entrada, bool forzar) {
+    if (forzar || entrada.empty() || monitor_.LlamadaAbierta()) {
+        return std::nullopt;
+    }
+    return limites_.Rechazo(sesion_, entrada, reloj_.Ahora());
+}
+
+Contador::Sucesos Contador::Marcar(const std::string& entrada, bool forzar) {
+    if (const auto rechazo = RechazoLimite(entrada, forzar)) {
+        return Hecho({{SucesoMonitor::Tipo::MarcadoRechazado, *rechazo}});
+    }
+    linea_.Marcar(entrada);
+    return {};
+}
+
+Contador::Sucesos Contador::Pulsar(const std::string& entrada, bool forzar) {
+    if (const auto rechazo = RechazoLimite(entrada, forzar)) {
+        return Hecho({{SucesoMonitor::Tipo::MarcadoRechazado, *rechazo}});
+    }
     if (!entrada.empty() && !monitor_.LlamadaAbierta()) {
         esperaMarcado_.Empezar(entrada, reloj_.Ahora());
     }
     return Hecho(monitor_.Pulsar(entrada));
+}
+
+Contador::Sucesos Contador::CancelarCuentaLimite() {
+    return Hecho(limites_.CancelarCuenta());
 }
 
 Contador::Sucesos Contador::Soltar() {

@@ -6,6 +6,7 @@
 // already saved, presses and releases the line, and stops in order. Whoever
 // holds it only shows what it returns, or listens as an observer.
 
+#include "meter/LimitesContador.h"
 #include "meter/ObservadorContador.h"
 #include "monitor/EsperaMarcado.h"
 #include "monitor/MonitorConexion.h"
@@ -63,12 +64,17 @@ public:
     Sucesos PasoEstado();
     // ... and the clock (the "A la hora" alert, the bundles' renewal).
     Sucesos PasoHora();
-    // The user dials `entrada` outside the meter's own button.
-    void Marcar(const std::string& entrada);
-    // The button goes down: with no call up, `entrada` is dialled, and a
-    // dial that neither comes up nor fails within EsperaMarcado::kSegundos
-    // is let go with a MarcadoFallido event.
-    Sucesos Pulsar(const std::string& entrada);
+    // The user dials `entrada` outside the meter's own button. A limit of
+    // the connection may refuse it (a MarcadoRechazado event, nothing
+    // dialled) unless the user allows this one call (`forzar`).
+    Sucesos Marcar(const std::string& entrada, bool forzar = false);
+    // The button goes down: with no call up, `entrada` is dialled (refused
+    // as Marcar is), and a dial that neither comes up nor fails within
+    // EsperaMarcado::kSegundos is let go with a MarcadoFallido event.
+    Sucesos Pulsar(const std::string& entrada, bool forzar = false);
+    // The user stops a limit's countdown before it hangs the call up.
+    Sucesos CancelarCuentaLimite();
+    bool CuentaLimiteEnMarcha() const { return limites_.CuentaEnMarcha(); }
     // The button comes up: the call is hung up and ends.
     Sucesos Soltar();
     // The orderly stop: every ended call goes in the register, then the
@@ -88,6 +94,8 @@ private:
     Sucesos Hecho(Sucesos sucesos);
     void Contar(const Sucesos& sucesos) const;
     void Añadir(Sucesos& a, Sucesos b) const;
+    std::optional<std::string> RechazoLimite(const std::string& entrada, bool forzar);
+    std::optional<LimitesContador::EnCurso> LlamadaEnCurso() const;
 
     OpcionesPlataforma opciones_;
     const Reloj& reloj_;
@@ -96,6 +104,7 @@ private:
     LineaPlataforma linea_;
     MonitorConexion monitor_;
     EsperaMarcado esperaMarcado_;
+    LimitesContador limites_;
     LecturaConexion lectura_{};
     ObservadorContador* observador_ = nullptr;
 };

@@ -72,6 +72,12 @@ std::optional<std::string> LineaSuceso(const SucesoMonitor& s, const MonitorCone
     case SucesoMonitor::Tipo::SinRegistroSistema:
     case SucesoMonitor::Tipo::LlamadasCorregidas:
     case SucesoMonitor::Tipo::MarcadoFallido:
+    case SucesoMonitor::Tipo::LimiteAviso:
+    case SucesoMonitor::Tipo::LimiteNoMarcar:
+    case SucesoMonitor::Tipo::LimiteCuentaAtras:
+    case SucesoMonitor::Tipo::LimiteColgado:
+    case SucesoMonitor::Tipo::LimiteCuentaCancelada:
+    case SucesoMonitor::Tipo::MarcadoRechazado:
         return s.texto;
     case SucesoMonitor::Tipo::ErrorRegistro:
         return "Error del registro: " + s.texto;

@@ -33,6 +33,17 @@ struct SucesoMonitor {
         // `texto`: a dial the user asked for neither came up nor failed in
         // time, or the system refused it; the button was let go
         MarcadoFallido,
+        // The limits of the connection's plan (`texto` says which and how
+        // far): a notice; new dials refused until the cycle renews; a
+        // countdown of `llamadas` seconds before the call is hung up; the
+        // hang-up itself; the countdown cancelled by the user.
+        LimiteAviso,
+        LimiteNoMarcar,
+        LimiteCuentaAtras,
+        LimiteColgado,
+        LimiteCuentaCancelada,
+        // `texto`: a dial refused by a limit, with the reason
+        MarcadoRechazado,
     };
 
     Tipo tipo;

@@ -107,6 +107,12 @@ bool PreguntarRecalculo(QWidget* padre) {
                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool PreguntarForzarMarcado(QWidget* padre, const QString& motivo) {
+    return Caja(padre, QMessageBox::Question, "Limite alcanzado",
+                motivo + "\n\n¿Marcar de todos modos? Solo se permite esta llamada.",
+                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
 bool PreguntarCargaAlIniciar(QWidget* padre) {
     return Caja(padre, QMessageBox::Question, kTituloCargaAlIniciar, kTextoCargaAlIniciar,
                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;

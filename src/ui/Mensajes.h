@@ -52,6 +52,8 @@ inline const QString kTextoSigueEnBandeja =
 
 // Yes/No; true on "Si".
 bool PreguntarRecalculo(QWidget* padre);
+// A limit of the connection refuses the dial (`motivo`): dial this once anyway?
+bool PreguntarForzarMarcado(QWidget* padre, const QString& motivo);
 // Asked once, the first time the program would start itself at login.
 bool PreguntarCargaAlIniciar(QWidget* padre);
 void ConexionNueva(QWidget* padre);

@@ -62,6 +62,9 @@ fMain::fMain(EntornoVentana entorno, QWidget* padre)
     setWindowIcon(IconoPrograma());
     HayBandeja = [] { return QSystemTrayIcon::isSystemTrayAvailable(); };
     sonido_ = new SonidoAviso(this);
+    ConfirmarForzar = [this](const QString& motivo) {
+        return avisos::PreguntarForzarMarcado(this, motivo);
+    };
     ElegirModem = [this](const QStringList& modelos) {
         fModem dialogo(modelos, this);
         dialogo.exec();
@@ -87,10 +90,10 @@ void fMain::Construir() {
 
     panel = new PanelConexion(this);
     connect(panel, &PanelConexion::Marcar, this, [this](const QString& entrada) {
-        Proteger(this, [&] { contador_.Marcar(entrada.toStdString()); });
+        Proteger(this, [&] { Marcar(entrada.toStdString(), false); });
     });
     connect(panel, &PanelConexion::Pulsado, this, [this](const QString& entrada) {
-        Proteger(this, [&] { Atender(contador_.Pulsar(entrada.toStdString())); });
+        Proteger(this, [&] { Marcar(entrada.toStdString(), true); });
     });
     connect(panel, &PanelConexion::Colgar, this,
             [this] { Proteger(this, [&] { Atender(contador_.Soltar()); }); });

@@ -28,6 +28,7 @@ class QTimer;
 
 namespace vorimesk {
 
+class AvisoCuentaAtras;
 class BarraPrincipal;
 class MenuBandeja;
 class PanelConexion;
@@ -110,6 +111,9 @@ public:
 
     // Chooses among several modems (fModem); tests put their own.
     std::function<int(const QStringList& modelos)> ElegirModem;
+    // Whether to dial anyway a connection a limit refuses (`motivo` says
+    // why); tests put their own.
+    std::function<bool(const QString& motivo)> ConfirmarForzar;
     // Whether the desktop has a tray now; tests put their own.
     std::function<bool()> HayBandeja;
     // Puts the tray icon up once a tray is there (tmBandeja asks until then).
@@ -124,6 +128,9 @@ signals:
     // The alert sound was asked for (a MotivoAviso), whether or not the file
     // could be played.
     void AvisoSonoro(int motivo);
+    // A limit of the connection's plan acted (notice, refusal, countdown,
+    // hang-up), in the words of the status line.
+    void AvisoLimite(const QString& texto);
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
@@ -149,6 +156,11 @@ private:
     void MostrarAjustes();
     void AplicarSiempreVisible();
     void Atender(const MonitorConexion::Sucesos& sucesos);
+    void AvisarLimite(const SucesoMonitor& s);
+    void MostrarCuentaAtras(const SucesoMonitor& s);
+    // Dials `entrada` from the button (`pulsar`) or the tray; a limit's
+    // refusal asks the user whether to dial this once anyway.
+    void Marcar(const std::string& entrada, bool pulsar);
     void MostrarPantalla();
     void MostrarResumen();
     void MostrarBono();
@@ -183,6 +195,8 @@ private:
     VigiaPresupuesto* presupuesto_ = nullptr;
     QSystemTrayIcon* bandeja_ = nullptr;
     QPointer<fMini> mini_;
+    QPointer<AvisoCuentaAtras> cuentaAtras_;
+    std::optional<std::string> rechazado_; // the last refusal's reason
     // The windows the close box hid, for the tray to bring back.
     QList<QPointer<QWidget>> ocultas_;
     Listado listado_;

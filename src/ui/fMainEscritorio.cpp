@@ -56,7 +56,7 @@ void fMain::ConstruirMenuBandeja() {
     connect(mnuOne, &MenuBandeja::ConectarCon, this, [this](const QString& entrada) {
         Proteger(this, [&] {
             panel->Elegir(entrada);
-            contador_.Marcar(entrada.toStdString());
+            Marcar(entrada.toStdString(), false);
         });
     });
     connect(mnuOne->mnuDesconectar(), &QAction::triggered, this,

@@ -2,8 +2,10 @@
 // the events that come out are carried out and the display is painted.
 
 #include "ArranquePrograma.h"
+#include "AvisoCuentaAtras.h"
 #include "MenuBandeja.h"
 #include "PanelConexion.h"
+#include "Proteger.h"
 #include "SonidoAviso.h"
 #include "TabBono.h"
 #include "TabResumen.h"
@@ -68,7 +70,21 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
         case SucesoMonitor::Tipo::SinRegistroSistema:
         case SucesoMonitor::Tipo::LlamadasCorregidas:
         case SucesoMonitor::Tipo::MarcadoFallido:
+        case SucesoMonitor::Tipo::LimiteCuentaCancelada:
             statusBar()->showMessage(QString::fromStdString(s.texto));
+            break;
+        case SucesoMonitor::Tipo::LimiteAviso:
+        case SucesoMonitor::Tipo::LimiteNoMarcar:
+        case SucesoMonitor::Tipo::LimiteColgado:
+            AvisarLimite(s);
+            break;
+        case SucesoMonitor::Tipo::LimiteCuentaAtras:
+            AvisarLimite(s);
+            MostrarCuentaAtras(s);
+            break;
+        case SucesoMonitor::Tipo::MarcadoRechazado:
+            statusBar()->showMessage(QString::fromStdString(s.texto));
+            rechazado_ = s.texto;
             break;
         case SucesoMonitor::Tipo::ErrorRegistro:
             // Not modal: the timers go on while the user reads it.
@@ -82,6 +98,39 @@ void fMain::Atender(const MonitorConexion::Sucesos& sucesos) {
         }
     }
     MostrarPantalla();
+}
+
+void fMain::AvisarLimite(const SucesoMonitor& s) {
+    const QString texto = QString::fromStdString(s.texto);
+    statusBar()->showMessage(texto);
+    sonido_->Reproducir(QString::fromStdString(datos_.Ajustes.SonidoAviso));
+    if (bandeja_ != nullptr) {
+        bandeja_->showMessage("Vorimesk: limite", texto, QSystemTrayIcon::Warning);
+    }
+    emit AvisoLimite(texto);
+    if (s.tipo == SucesoMonitor::Tipo::LimiteColgado && cuentaAtras_ != nullptr) {
+        cuentaAtras_->close();
+    }
+}
+
+void fMain::MostrarCuentaAtras(const SucesoMonitor& s) {
+    if (cuentaAtras_ != nullptr) {
+        cuentaAtras_->close();
+    }
+    cuentaAtras_ = new AvisoCuentaAtras(QString::fromStdString(s.texto), s.llamadas, this);
+    connect(cuentaAtras_, &AvisoCuentaAtras::Seguir, this,
+            [this] { Proteger(this, [&] { Atender(contador_.CancelarCuentaLimite()); }); });
+    cuentaAtras_->show();
+}
+
+void fMain::Marcar(const std::string& entrada, bool pulsar) {
+    rechazado_.reset();
+    Atender(pulsar ? contador_.Pulsar(entrada) : contador_.Marcar(entrada));
+    if (!rechazado_ || !ConfirmarForzar(QString::fromStdString(*rechazado_))) {
+        return;
+    }
+    // The user allows this one call.
+    Atender(pulsar ? contador_.Pulsar(entrada, true) : contador_.Marcar(entrada, true));
 }
 
 void fMain::MostrarPantalla() {

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <map>
 #include <spawn.h>
 #include <sstream>
 #include <sys/wait.h>
@@ -247,6 +248,66 @@ TEST_F(Vigilar, JsonUnSucesoPorLinea) {
         }
     }
     EXPECT_EQ(nlohmann::json(anotadas), registro);
+}
+
+// Un plan de 1 MB con limites al 80 % (avisar) y al 100 % (colgar): una
+// llamada que mueve 2 MB en 120 s pasa el 80 % al segundo 48-49 y llega al
+// 100 % (1.048.576 bytes) justo al 60; la cuenta atras de 30 s cuelga a los
+// 90 s, con 1.572.864 bytes = 1.536 KB = 1,50 MB. Despues "marcar" se niega
+// hasta --forzar, y otro arranque no repite el aviso.
+TEST_F(Vigilar, LosLimitesAvisanCuelganYNoDejanMarcar) {
+    ASSERT_EQ(Ejecutar({"tarifas"}).estado, 0);
+    Escribir(datos / "Planes.json", R"({"formato": "vorimesk-planes", "version": 1,
+        "planes": [{"Tarifa": "Metropolitana", "IncluidoMB": 1, "PrecioMB": 0.02}],
+        "conexiones": [{"Conexion": "Movil", "Limites": [
+            {"Porcentaje": 80, "De": "volumen", "Accion": "avisar"},
+            {"Porcentaje": 100, "De": "volumen", "Accion": "colgar"}]}]})");
+    Escribir(dir / "limite.guion", "llamada Movil conectado=120 recibidos=2097152\nespera 30\n");
+    // Hoy, para que "marcar" (con el reloj del sistema) vea la llamada en su ciclo.
+    const std::string hoy = RelojSistema().Hoy().TextoIsoFecha();
+    const ResultadoCli r =
+        Ejecutar({"vigilar", "--json", "--simular", (dir / "limite.guion").string(), "--velocidad",
+                  "1000", "--inicio", hoy + " 00:00:10", "--segundos", "160"});
+    ASSERT_EQ(r.estado, 0) << r.errores << r.salida;
+    std::string clases;
+    std::map<std::string, nlohmann::json> ultimo;
+    std::istringstream lineas(r.salida);
+    for (std::string linea; std::getline(lineas, linea);) {
+        const nlohmann::json j = nlohmann::json::parse(linea);
+        const std::string c = j["suceso"];
+        if (c.rfind("limite", 0) == 0 || c.rfind("llamada", 0) == 0) {
+            clases += c + " ";
+            ultimo[c] = j;
+        }
+    }
+    EXPECT_EQ(clases, "llamada_iniciada limite limite_cuenta_atras limite_colgado "
+                      "llamada_terminada llamada_anotada ")
+        << r.salida;
+    EXPECT_EQ(ultimo["limite_cuenta_atras"]["hora"], hoy + " 00:01:10") << r.salida;
+    EXPECT_EQ(ultimo["limite_cuenta_atras"]["segundos"], 30);
+    EXPECT_EQ(ultimo["limite_colgado"]["hora"], hoy + " 00:01:40");
+    EXPECT_EQ(ultimo["limite"]["texto"].get<std::string>().rfind(
+                  "La conexion Movil ha llegado al 80% de su volumen (0,8", 0),
+              0u)
+        << ultimo["limite"];
+    const nlohmann::json llamada = ultimo["llamada_anotada"]["llamada"];
+    EXPECT_EQ(llamada["Duracion"], "00:01:30");
+    EXPECT_EQ(llamada["Recibidos"], 1536);
+
+    const ResultadoCli rechazo = Ejecutar({"marcar", "Movil"});
+    EXPECT_EQ(rechazo.estado, 1);
+    EXPECT_NE(rechazo.errores.find("La conexion Movil ha llegado al 100% de su volumen (1,50 de "
+                                   "1,00 MB). No se marca hasta que se renueve el ciclo."),
+              std::string::npos)
+        << rechazo.errores;
+    const ResultadoCli forzada = Ejecutar({"marcar", "--forzar", "Movil"});
+    EXPECT_EQ(forzada.errores.find("ha llegado"), std::string::npos) << forzada.errores;
+
+    Escribir(dir / "nada.guion", "espera 5\n");
+    const ResultadoCli otra =
+        Ejecutar({"vigilar", "--json", "--simular", (dir / "nada.guion").string(), "--velocidad",
+                  "1000", "--inicio", hoy + " 00:05:00", "--segundos", "3"});
+    EXPECT_EQ(otra.salida.find("\"limite"), std::string::npos) << otra.salida;
 }
 
 // Los avisos del contador sin ventanas llegan al escritorio con su frase.
