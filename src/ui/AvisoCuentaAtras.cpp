@@ -33,11 +33,11 @@ AvisoCuentaAtras::AvisoCuentaAtras(const QString& texto, int segundos, QWidget* 
     connect(reloj_, &QTimer::timeout, this, [this] { Contar(); });
     Contar();
     reloj_->start();
-    resize(420, sizeHint().height());
+    setMinimumWidth(440);
 }
 
 void AvisoCuentaAtras::Contar() {
-    lCuenta->setText(QString("Se colgara dentro de %1 s.").arg(quedan_));
+    lCuenta->setText(QString("Quedan %1 s.").arg(quedan_));
     if (quedan_ > 0) {
         --quedan_;
     }

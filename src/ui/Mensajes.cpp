@@ -107,10 +107,14 @@ bool PreguntarRecalculo(QWidget* padre) {
                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+std::unique_ptr<QMessageBox> CajaForzarMarcado(QWidget* padre, const QString& motivo) {
+    return CrearCaja(padre, QMessageBox::Question, "Limite alcanzado",
+                     motivo + "\n\n¿Marcar de todos modos? Solo se permite esta llamada.",
+                     QMessageBox::Yes | QMessageBox::No);
+}
+
 bool PreguntarForzarMarcado(QWidget* padre, const QString& motivo) {
-    return Caja(padre, QMessageBox::Question, "Limite alcanzado",
-                motivo + "\n\n¿Marcar de todos modos? Solo se permite esta llamada.",
-                QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return CajaForzarMarcado(padre, motivo)->exec() == QMessageBox::Yes;
 }
 
 bool PreguntarCargaAlIniciar(QWidget* padre) {

@@ -53,6 +53,7 @@ inline const QString kTextoSigueEnBandeja =
 // Yes/No; true on "Si".
 bool PreguntarRecalculo(QWidget* padre);
 // A limit of the connection refuses the dial (`motivo`): dial this once anyway?
+std::unique_ptr<QMessageBox> CajaForzarMarcado(QWidget* padre, const QString& motivo);
 bool PreguntarForzarMarcado(QWidget* padre, const QString& motivo);
 // Asked once, the first time the program would start itself at login.
 bool PreguntarCargaAlIniciar(QWidget* padre);

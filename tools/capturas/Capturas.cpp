@@ -12,6 +12,8 @@
 #include "tariff/LibroPorDefecto.h"
 #include "tariff/PlanesJson.h"
 #include "tariff/cBono.h"
+#include "ui/AvisoCuentaAtras.h"
+#include "ui/Mensajes.h"
 #include "ui/PanelTarifa.h"
 #include "ui/PanelUsoPlanes.h"
 #include "ui/PilaPrograma.h"
@@ -177,6 +179,19 @@ std::unique_ptr<QWidget> Grafico(Datos& d, int vista, int tipo, int dato, int me
 std::vector<Captura> Capturas() {
     return {
         {"acerca-de", [](Datos&) { return std::make_unique<fAbout>(); }},
+        {"limite-cuenta-atras",
+         [](Datos&) -> std::unique_ptr<QWidget> {
+             return std::make_unique<AvisoCuentaAtras>(
+                 "La conexion Movil ha llegado al 100% de su volumen (1,00 de 1,00 MB). La "
+                 "llamada se colgara dentro de 30 segundos.",
+                 30);
+         }},
+        {"limite-marcar-rechazado",
+         [](Datos&) -> std::unique_ptr<QWidget> {
+             return avisos::CajaForzarMarcado(
+                 nullptr, "La conexion Movil ha llegado al 100% de su volumen (1,50 de 1,00 MB). "
+                          "No se marca hasta que se renueve el ciclo.");
+         }},
         {"banner-inicio",
          [](Datos&) {
              auto a = std::make_unique<fAbout>();
