@@ -36,7 +36,11 @@ Decimal Descomponer(float v, int precision) {
     while (d.digitos.size() > 1 && d.digitos.back() == '0') {
         d.digitos.pop_back();
     }
-    d.exponente = std::atoi(std::string(t.substr(e + 1)).c_str());
+    const std::string_view exponente = t.substr(e + 1);
+    const bool menos = exponente.front() == '-';
+    std::from_chars(exponente.data() + (menos || exponente.front() == '+' ? 1 : 0),
+                    exponente.data() + exponente.size(), d.exponente);
+    d.exponente = menos ? -d.exponente : d.exponente;
     return d;
 }
 
@@ -110,6 +114,12 @@ std::string TextoImporte(float v) {
         const Decimal d = precision == static_cast<int>(exacto.digitos.size())
                               ? exacto
                               : Descomponer(std::fabs(v), precision);
+        // The first form, looked at before the rest are written: plain
+        // decimals that fit can never read as more than the largest float.
+        if (const std::string plana = Plana(d, negativo);
+            !plana.empty() && plana.size() <= kAncho) {
+            return plana;
+        }
         for (const std::string& forma : Formas(d, negativo)) {
             if (forma.size() <= kAncho && SeLeeFinito(forma)) {
                 return forma;

@@ -3,8 +3,6 @@
 #include "Importe.h"
 #include "core/cTiempo.h"
 
-namespace fs = std::filesystem;
-
 namespace vorimesk {
 namespace {
 
@@ -13,9 +11,10 @@ constexpr const char* kTarifaPorDefecto = "Metropolitana";
 
 } // namespace
 
-PrecioRegistro::PrecioRegistro(const fs::path& carpeta, const std::vector<Fecha>& festivos,
+PrecioRegistro::PrecioRegistro(const cLlamada& libro, const std::vector<Fecha>& festivos,
                                const cBono& bono)
-    : libro_(carpeta), trabajo_(bono) {
+    : libro_(libro), trabajo_(bono) {
+    libro_.RecargarAlPreciar(false);
     libro_.Festivos(festivos);
     libro_.NombreTarifa(kTarifaPorDefecto);
     trabajo_.Reset();
@@ -48,11 +47,6 @@ bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa, float 
     r.Bono = libro_.BonoNet() ? -1 : 0;
     libro_.TraspasarBono(trabajo_);
     return true;
-}
-
-void PrecioRegistro::LibroFijo() {
-    libro_.Load();
-    libro_.RecargarAlPreciar(false);
 }
 
 } // namespace vorimesk
