@@ -37,8 +37,8 @@ bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa, float 
         mesFactura_ = inicio.Mes();
         trabajo_.Reset();
     }
-    const std::string nombre(tarifa.empty() ? std::string(r.Tarifa.Recortado()) : tarifa);
-    if (!libro_.Datos(inicio, fin, &trabajo_, nombre)) {
+    std::string nombre(tarifa.empty() ? r.Tarifa.Recortado() : std::string(tarifa));
+    if (!libro_.Datos(inicio, fin, &trabajo_, std::move(nombre))) {
         return false;
     }
     // Without a plan the time cost is stored untouched, bit for bit.

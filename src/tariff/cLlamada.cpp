@@ -49,8 +49,9 @@ std::int32_t SegundosDuracion(Fecha inicio, Fecha fin) {
 
 // A billing period's ends are dates with four-digit years.
 bool CabeEnTexto(Fecha f) {
-    const int año = f.Año();
-    return año >= 0 && año <= 9999;
+    static const Fecha primera = Fecha::Crear(0, 1, 1);
+    static const Fecha ultima = Fecha::Crear(9999, 12, 31, 23, 59, 59);
+    return primera <= f && f <= ultima;
 }
 
 template <typename Lectura> std::optional<std::int32_t> Hora(Lectura lectura) {
