@@ -65,7 +65,7 @@ static void BM_CodificarRegistroLleno(benchmark::State& s) {
 BENCHMARK(BM_CodificarRegistroLleno)->Unit(benchmark::kMillisecond);
 
 // Re-pricing the whole register after a tariff edit: every call priced again
-// with the ledger, the tariff file read again for each one.
+// with the ledger and the book as the register's holder keeps it.
 static void BM_ModificarLogRegistroLleno(benchmark::State& s) {
     RegistroLleno datos;
     Log log(datos.Carpeta());

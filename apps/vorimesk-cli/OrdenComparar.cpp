@@ -117,13 +117,12 @@ int Comparar(ContextoCli& contexto, const OpcionesComparar& op, std::ostream& sa
     const Log& log = sesion.Registro();
     const cBono& bono = sesion.Bono();
     const PeriodoFacturacion p = Intervalo(op, log, bono);
-    cLlamada calendario(contexto.Carpeta());
-    calendario.Festivos(sesion.Festivos());
+    const std::vector<Fecha> festivos = sesion.Festivos();
     const Listado listado = ListarRegistro(
         log, CriteriosFiltro::Periodo(p.inicio, p.fin),
-        [&calendario](Fecha dia) { return calendario.TipoDia(dia); }, {}, p.fin);
+        [&festivos](Fecha dia) { return cLlamada::TipoDiaCalendario(dia, festivos); }, {}, p.fin);
     const ComparacionTarifas c =
-        CompararTarifas(log, listado.indices, contexto.Carpeta(), bono, sesion.Festivos());
+        CompararTarifas(log, listado.indices, contexto.Carpeta(), bono, festivos);
     if (op.json) {
         salida << Json(c, p).dump() << "\n";
     } else {

@@ -8,7 +8,6 @@
 #include "core/ErrorFormato.h"
 #include "core/Reloj.h"
 #include "register/PrevisionPeriodo.h"
-#include "settings/Presupuesto.h"
 
 #include <cstdio>
 #include <memory>
@@ -24,9 +23,9 @@ struct OpcionesPrevision {
     bool json = false;
 };
 
-std::optional<double> Presupuesto(const std::filesystem::path& carpeta) {
+std::optional<double> Presupuesto(const Sesion& sesion) {
     try {
-        return LeerPresupuesto(carpeta);
+        return sesion.Presupuesto().Actual();
     } catch (const ErrorFormato& e) {
         throw ErrorOrden("El archivo de presupuesto \"" + e.Ruta() +
                          "\" esta dañado: " + e.Detalle() + ". No se ha cambiado nada.");
@@ -94,7 +93,7 @@ int Prevision(ContextoCli& contexto, const OpcionesPrevision& op, std::ostream& 
     datos.DiaFactura = bono.DiaFactura();
     datos.perFactura = bono.perFactura();
     datos.Coste = {sesion.Ajustes().AnadirImpuestos, sesion.Ajustes().Impuestos};
-    datos.Presupuesto = Presupuesto(contexto.Carpeta());
+    datos.Presupuesto = Presupuesto(sesion);
     const PrevisionPeriodo p = Prever(log, datos, hoy);
     if (op.json) {
         salida << Json(p, hoy).dump() << "\n";

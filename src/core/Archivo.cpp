@@ -50,9 +50,7 @@ bool ExisteArchivo(const fs::path& ruta) {
 }
 
 std::string LeerArchivo(const fs::path& ruta) {
-    // Plain descriptor calls: pricing reads the tariff file again for every
-    // call it prices, so a register re-priced whole reads it thousands of
-    // times.
+    // Plain descriptor calls: the register of a whole process is read here.
     const int fd = ::open(ruta.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
         throw ErrorArchivo(ruta.string(), "no se pudo abrir para leer");

@@ -171,7 +171,9 @@ int Fecha::Dia() const {
 }
 
 int Fecha::DiaSemana() const {
-    return static_cast<int>(weekday{kEpoca + days{Dias()}}.c_encoding()) + 1;
+    // Day 0, 30 Dec 1899, was a Saturday (7).
+    const std::int64_t desdeSabado = ((Dias() % 7) + 7) % 7;
+    return static_cast<int>((desdeSabado + 6) % 7) + 1;
 }
 
 Fecha Fecha::MasMeses(int meses) const {

@@ -1,5 +1,6 @@
 #include "Texto1252.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -74,6 +75,11 @@ std::size_t Decodificar(std::string_view s, std::size_t i, char32_t& c) {
 } // namespace
 
 std::string De1252(std::string_view bytes) {
+    // Plain ASCII, as nearly every field is, is the same in UTF-8.
+    if (std::all_of(bytes.begin(), bytes.end(),
+                    [](char ch) { return static_cast<unsigned char>(ch) < 0x80; })) {
+        return std::string(bytes);
+    }
     std::string s;
     s.reserve(bytes.size());
     for (char ch : bytes) {

@@ -4,6 +4,7 @@
 #include "Fecha.h"
 #include "Numero.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 
@@ -31,6 +32,17 @@ bool EsDigito(char c) {
 } // namespace
 
 void cTiempo::Valor(std::string_view s) {
+    // "hh:mm:ss" as the register stores every duration: read straight away.
+    if (s.size() == 8 && s[2] == ':' && s[5] == ':' &&
+        std::all_of(s.begin(), s.end(), [](char c) { return c == ':' || EsDigito(c); })) {
+        const auto dos = [&s](std::size_t i) {
+            return static_cast<std::int16_t>((s[i] - '0') * 10 + (s[i + 1] - '0'));
+        };
+        horas_ = dos(0);
+        minutos_ = dos(3);
+        segundos_ = dos(6);
+        return;
+    }
     const std::size_t p1 = s.find(':');
     const std::size_t p2 = p1 == std::string_view::npos ? p1 : s.find(':', p1 + 1);
     horas_ = AEntero16(Val(s));

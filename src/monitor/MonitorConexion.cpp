@@ -12,7 +12,8 @@ MonitorConexion::MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& b
     : reloj_(reloj), ajustes_(ajustes), bono_(bono), pendientes_(pendientes), registro_(registro),
       linea_(linea), carpeta_(std::move(carpetaDatos)), medidor_(ajustes, bono),
       espera_(opciones.esperaLogSegundos),
-      propias_(carpeta_, opciones.esperaLogSegundos, reloj.Ahora()) {}
+      propias_(carpeta_, opciones.esperaLogSegundos, reloj.Ahora()), libroPropio_(carpeta_),
+      libroPrestado_(opciones.libro) {}
 
 std::string MonitorConexion::TextoCorregidas(int n) {
     const std::string plural = n == 1 ? "" : "s";
@@ -131,10 +132,9 @@ void MonitorConexion::IniciarLlamada(const LecturaConexion& lectura, Sucesos& s)
     inicioLlamada_ = reloj_.Ahora();
     volumenVivo_.Empezar();
     AbrirPropia(lectura, s);
-    if (!libro_) {
-        libro_.emplace(carpeta_);
-    }
-    libro_->Festivos(ajustes_.Festivos);
+    // The book is taken at the first tick of the meter, with these holidays.
+    festivosLlamada_ = ajustes_.Festivos;
+    libro_.reset();
     medidorActivo_ = true;
 
     errorFechaAvisado_ = false;
@@ -385,12 +385,24 @@ void MonitorConexion::RefrescarFecha(Sucesos& s) {
     fechaFirme_ = true;
 }
 
+void MonitorConexion::TomarLibro() {
+    const LibroTarifas& libros = libroPrestado_ != nullptr ? *libroPrestado_ : libroPropio_;
+    const cLlamada& actual = libros.Actual();
+    if (libro_ && lecturasLibro_ == libros.Lecturas()) {
+        return;
+    }
+    libro_ = actual;
+    libro_->Festivos(festivosLlamada_);
+    lecturasLibro_ = libros.Lecturas();
+}
+
 MonitorConexion::Sucesos MonitorConexion::TickActual() {
     Sucesos s;
     if (!medidorActivo_) {
         return s;
     }
     const Fecha ahora = reloj_.Ahora();
+    TomarLibro();
     medida_ = medidor_.Medir(*libro_, inicioLlamada_, ahora, entradaLlamada_, grupoBono_);
     volumenVivo_.Sumar(medida_, carpeta_, ajustes_, bono_, registro_.Llamadas(), inicioLlamada_,
                        ahora);

@@ -51,6 +51,7 @@
 #include "VolumenEnVivo.h"
 #include "core/Reloj.h"
 #include "settings/Settings.h"
+#include "tariff/LibroTarifas.h"
 #include "tariff/cBono.h"
 #include "tariff/cLlamada.h"
 #include "tariff/colConexion.h"
@@ -78,6 +79,9 @@ public:
     struct Opciones {
         // How long a call's closing lines are awaited in the modem log.
         std::int64_t esperaLogSegundos = EsperaLogModem::kSegundosPorDefecto;
+        // The session's tariff book, borrowed; without one the monitor
+        // keeps its own of `carpetaDatos`.
+        const LibroTarifas* libro = nullptr;
     };
 
     // Everything is borrowed and must outlive the monitor. `carpetaDatos`
@@ -152,6 +156,9 @@ private:
     std::optional<Fecha> LeerFechaConexion(Sucesos& s);
     void RefrescarFecha(Sucesos& s);
     bool PerfilSigue() const;
+    // The live call's copy of the book, taken again when the book is read
+    // again (an editor's save); the call's holidays stay.
+    void TomarLibro();
     void Sonar(MotivoAviso motivo, Sucesos& s) const;
 
     const Reloj& reloj_;
@@ -169,7 +176,11 @@ private:
     LlamadasPropias propias_;
     bool sinRegistroAvisado_ = false;
     ControlHora hora_;
+    LibroTarifas libroPropio_;
+    const LibroTarifas* libroPrestado_;
     std::optional<cLlamada> libro_;
+    std::uint64_t lecturasLibro_ = 0;
+    std::vector<Fecha> festivosLlamada_;
     LecturaMedidor medida_;
     VolumenEnVivo volumenVivo_;
 

@@ -27,9 +27,7 @@ double ImporteGuardado(const RegistroLlamada& r) {
     return importe;
 }
 
-std::vector<std::string> NombresDelLibro(const fs::path& carpeta) {
-    cLlamada libro(carpeta);
-    libro.Load();
+std::vector<std::string> NombresDelLibro(const cLlamada& libro) {
     std::vector<std::string> nombres;
     for (std::int16_t i = 0; i < libro.Count(); ++i) {
         nombres.push_back(libro.Tarifa(i).Nombre());
@@ -40,10 +38,9 @@ std::vector<std::string> NombresDelLibro(const fs::path& carpeta) {
 // The chosen calls' total under `tarifa`. `elegidas` flags the chosen calls;
 // `hasta` is one past the last of them.
 double Total(const Log& registro, const std::vector<bool>& elegidas, int hasta,
-             const std::string& tarifa, const fs::path& carpeta, const cBono& bono,
-             const std::vector<Fecha>& festivos) {
-    PrecioRegistro precio(carpeta, festivos, bono);
-    precio.LibroFijo();
+             const std::string& tarifa, const cLlamada& libro, const fs::path& carpeta,
+             const cBono& bono, const std::vector<Fecha>& festivos) {
+    PrecioRegistro precio(libro, festivos, bono);
     const std::vector<float> volumen =
         VolumenDeLlamadas(carpeta, festivos, bono, registro.Registros(), tarifa);
     // With no bundle to draw from, one call's price does not depend on the
@@ -100,12 +97,14 @@ ComparacionTarifas CompararTarifas(const Log& registro, std::vector<int> indices
     const int hasta = indices.empty() ? 0 : indices.back() + 1;
     cBono sinBonos(bono);
     sinBonos.Limpiar();
-    for (const std::string& nombre : NombresDelLibro(carpeta)) {
+    // One book for every tariff's total, even if the editor saves meanwhile.
+    const cLlamada libro = registro.Libro().Actual();
+    for (const std::string& nombre : NombresDelLibro(libro)) {
         TotalTarifa t;
         t.Tarifa = nombre;
-        t.SinBono = Total(registro, elegidas, hasta, nombre, carpeta, sinBonos, festivos);
+        t.SinBono = Total(registro, elegidas, hasta, nombre, libro, carpeta, sinBonos, festivos);
         t.ConBono = bono.Count() > 0
-                        ? Total(registro, elegidas, hasta, nombre, carpeta, bono, festivos)
+                        ? Total(registro, elegidas, hasta, nombre, libro, carpeta, bono, festivos)
                         : t.SinBono;
         t.DiferenciaSinBono = t.SinBono - c.Cobrado;
         t.DiferenciaConBono = t.ConBono - c.Cobrado;

@@ -39,7 +39,8 @@ struct ComparacionTarifas {
 };
 
 // `indices` are calls of `registro` (in any order, repeats count once;
-// ErrorIndice for one the register lacks); the tariff book is the one of `carpeta`, read once. With
+// ErrorIndice for one the register lacks); the tariff book is the register's (Log::Libro), taken
+// once, and `carpeta` holds the data plans. With
 // bundles, each tariff prices the whole register up to the last chosen call, since the bundle time
 // earlier calls used is not there for later ones, exactly as the register's re-pricing draws it;
 // only the chosen calls are added up.

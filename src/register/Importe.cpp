@@ -36,24 +36,37 @@ Decimal Descomponer(float v, int precision) {
     while (d.digitos.size() > 1 && d.digitos.back() == '0') {
         d.digitos.pop_back();
     }
-    d.exponente = std::atoi(std::string(t.substr(e + 1)).c_str());
+    const std::string_view exponente = t.substr(e + 1);
+    const bool menos = exponente.front() == '-';
+    std::from_chars(exponente.data() + (menos || exponente.front() == '+' ? 1 : 0),
+                    exponente.data() + exponente.size(), d.exponente);
+    d.exponente = menos ? -d.exponente : d.exponente;
     return d;
 }
 
 // The digits as plain decimals ("1234.5", "0.005"), or empty when the
 // exponent is too far from 0 for them.
 std::string Plana(const Decimal& d, bool negativo) {
-    const std::string signo = negativo ? "-" : "";
     const auto n = d.digitos.size();
     const int e = d.exponente;
+    std::string t = negativo ? "-" : "";
     if (e >= 0 && e < 16) {
         const auto enteros = static_cast<std::size_t>(e + 1);
-        return signo + (enteros >= n
-                            ? d.digitos + std::string(enteros - n, '0')
-                            : d.digitos.substr(0, enteros) + "." + d.digitos.substr(enteros));
+        if (enteros >= n) {
+            t += d.digitos;
+            t.append(enteros - n, '0');
+        } else {
+            t.append(d.digitos, 0, enteros);
+            t += '.';
+            t.append(d.digitos, enteros);
+        }
+        return t;
     }
     if (e < 0 && e > -16) {
-        return signo + "0." + std::string(static_cast<std::size_t>(-e - 1), '0') + d.digitos;
+        t += "0.";
+        t.append(static_cast<std::size_t>(-e - 1), '0');
+        t += d.digitos;
+        return t;
     }
     return {};
 }
@@ -110,6 +123,17 @@ std::string TextoImporte(float v) {
         const Decimal d = precision == static_cast<int>(exacto.digitos.size())
                               ? exacto
                               : Descomponer(std::fabs(v), precision);
+        // The first form, looked at before the rest are written: plain
+        // decimals that fit can never read as more than the largest float.
+        if (const std::string plana = Plana(d, negativo);
+            !plana.empty() && plana.size() <= kAncho) {
+            return plana;
+        }
+        // Every other form holds all the digits and at least one more
+        // character.
+        if (d.digitos.size() + 1 > kAncho) {
+            continue;
+        }
         for (const std::string& forma : Formas(d, negativo)) {
             if (forma.size() <= kAncho && SeLeeFinito(forma)) {
                 return forma;

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace vorimesk {
 
-Log::Log(fs::path carpetaDatos) : carpeta_(std::move(carpetaDatos)) {}
+Log::Log(fs::path carpetaDatos) : carpeta_(std::move(carpetaDatos)), propio_(carpeta_) {}
 
 std::string Log::Conectando() const {
     return std::string(kModemMarcando);
@@ -188,8 +188,8 @@ namespace {
 // Every run prices with this tariff when the call names none.
 constexpr const char* kTarifaPorDefecto = "Metropolitana";
 
-cLlamada LibroDeTarifas(const fs::path& carpeta, const std::vector<Fecha>& festivos) {
-    cLlamada libro(carpeta);
+cLlamada LibroDeTarifas(const LibroTarifas& libros, const std::vector<Fecha>& festivos) {
+    cLlamada libro = libros.Actual();
     libro.Festivos(festivos);
     libro.NombreTarifa(kTarifaPorDefecto);
     return libro;
@@ -236,7 +236,7 @@ bool Log::LeerModemLog(cBono& bono, const std::vector<Fecha>& festivos,
         registros_.resize(entrada);
         bono.Copiar(bonoEntrada);
     };
-    cLlamada libro = LibroDeTarifas(carpeta_, festivos);
+    cLlamada libro = LibroDeTarifas(Libro(), festivos);
     LectorModemLog lector(libro, bono, pendientes);
     try {
         for (const std::string_view linea : DividirLineas(texto)) {
@@ -302,13 +302,19 @@ std::string AvisoTarifasDesconocidas(const RecalculoLog& r) {
 
 RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) {
     RecalculoLog resultado;
-    PrecioRegistro precio(carpeta_, festivos, bono);
-    // The book is read once for the whole register, not once per call.
-    precio.LibroFijo();
+    PrecioRegistro precio(Libro().Actual(), festivos, bono);
     const std::vector<float> volumen = VolumenDeLlamadas(carpeta_, festivos, bono, registros_);
-    std::vector<RegistroLlamada> nuevos = registros_;
-    for (std::size_t i = 0; i < nuevos.size(); ++i) {
-        RegistroLlamada& r = nuevos[i];
+    // Only these fields change: they are worked out aside and put in place
+    // once every call is priced, so a failure leaves every call as it was.
+    struct Precio {
+        CampoTexto<8> importe;
+        std::uint8_t Tipo;
+        std::int16_t Bono;
+    };
+    std::vector<Precio> precios;
+    precios.reserve(registros_.size());
+    for (std::size_t i = 0; i < registros_.size(); ++i) {
+        RegistroLlamada r = registros_[i];
         if (!precio.Preciar(r, {}, volumen.empty() ? 0.0f : volumen[i])) {
             // The book's results are another call's: this one keeps its own.
             std::string nombre(r.Tarifa.Recortado());
@@ -321,8 +327,13 @@ RecalculoLog Log::ModificarLog(cBono& bono, const std::vector<Fecha>& festivos) 
             }
             ++resultado.LlamadasSinTarifa;
         }
+        precios.push_back({r.importe, r.Tipo, r.Bono});
     }
-    registros_ = std::move(nuevos);
+    for (std::size_t i = 0; i < registros_.size(); ++i) {
+        registros_[i].importe = precios[i].importe;
+        registros_[i].Tipo = precios[i].Tipo;
+        registros_[i].Bono = precios[i].Bono;
+    }
     bono.Copiar(precio.Bono());
     return resultado;
 }

@@ -9,6 +9,7 @@
 // and a failed operation leaves the register in memory as it was.
 
 #include "RegistroLlamada.h"
+#include "tariff/LibroTarifas.h"
 #include "tariff/cBono.h"
 #include "tariff/colConexion.h"
 
@@ -49,6 +50,12 @@ public:
     std::string Conectado() const;
     std::string Desconectando() const;
     std::string Desconectado() const;
+
+    // The tariff book every pricing of the register uses: the one lent by
+    // the holder of the data folder (which must outlive the register), or
+    // else one of the register's own, read from its data folder.
+    void PrestarLibro(const LibroTarifas& libro) { prestado_ = &libro; }
+    const LibroTarifas& Libro() const { return prestado_ != nullptr ? *prestado_ : propio_; }
 
     // The meter saves the register after every call: from then on only the
     // session's first save makes the "bak" backup, so it keeps the register
@@ -114,7 +121,7 @@ public:
     int RenombrarTarifa(std::string_view viejo, std::string_view nuevo);
 
     // Appends the calls of the modem log at NombreLog, each priced with the
-    // tariff book of the data folder (default tariff "Metropolitana"), the
+    // tariff book (Libro; default tariff "Metropolitana"), the
     // holidays and, when its discount is "BonoNet" or none, the program's
     // ledger `bono`, which keeps the bundle time the calls used. Each
     // session's tariff, discount and connection come from the pending
@@ -158,6 +165,8 @@ private:
     std::filesystem::path RutaRegistro();
 
     std::filesystem::path carpeta_;
+    LibroTarifas propio_;
+    const LibroTarifas* prestado_ = nullptr;
     std::string nombreLog_;
     bool copiaUnaVez_ = false;
     bool copiaHecha_ = false;

@@ -3,8 +3,6 @@
 #include "Importe.h"
 #include "core/cTiempo.h"
 
-namespace fs = std::filesystem;
-
 namespace vorimesk {
 namespace {
 
@@ -13,9 +11,10 @@ constexpr const char* kTarifaPorDefecto = "Metropolitana";
 
 } // namespace
 
-PrecioRegistro::PrecioRegistro(const fs::path& carpeta, const std::vector<Fecha>& festivos,
+PrecioRegistro::PrecioRegistro(const cLlamada& libro, const std::vector<Fecha>& festivos,
                                const cBono& bono)
-    : libro_(carpeta), trabajo_(bono) {
+    : libro_(libro), trabajo_(bono) {
+    libro_.RecargarAlPreciar(false);
     libro_.Festivos(festivos);
     libro_.NombreTarifa(kTarifaPorDefecto);
     trabajo_.Reset();
@@ -38,8 +37,8 @@ bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa, float 
         mesFactura_ = inicio.Mes();
         trabajo_.Reset();
     }
-    const std::string nombre(tarifa.empty() ? std::string(r.Tarifa.Recortado()) : tarifa);
-    if (!libro_.Datos(inicio, fin, &trabajo_, nombre)) {
+    std::string nombre(tarifa.empty() ? r.Tarifa.Recortado() : std::string(tarifa));
+    if (!libro_.Datos(inicio, fin, &trabajo_, std::move(nombre))) {
         return false;
     }
     // Without a plan the time cost is stored untouched, bit for bit.
@@ -48,11 +47,6 @@ bool PrecioRegistro::Preciar(RegistroLlamada& r, std::string_view tarifa, float 
     r.Bono = libro_.BonoNet() ? -1 : 0;
     libro_.TraspasarBono(trabajo_);
     return true;
-}
-
-void PrecioRegistro::LibroFijo() {
-    libro_.Load();
-    libro_.RecargarAlPreciar(false);
 }
 
 } // namespace vorimesk

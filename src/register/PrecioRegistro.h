@@ -1,17 +1,16 @@
 #pragma once
 // Prices stored calls again, one after another in register order, as the
-// re-pricing of the whole register does: with the tariff book of the data
-// folder, the holidays and a working copy of the ledger that starts full and
-// is refilled at the first call before the billing day of each new month.
-// Both the register's own re-pricing and the tariff comparison go through
-// here, so a call costs the same in both.
+// re-pricing of the whole register does: with a copy of the tariff book
+// taken once (the file is not read again), the holidays and a working copy of the ledger that
+// starts full and is refilled at the first call before the billing day of each new month. Both the
+// register's own re-pricing and the tariff comparison go through here, so a call costs the same in
+// both.
 
 #include "RegistroLlamada.h"
 #include "core/Fecha.h"
 #include "tariff/cBono.h"
 #include "tariff/cLlamada.h"
 
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
@@ -19,8 +18,7 @@ namespace vorimesk {
 
 class PrecioRegistro {
 public:
-    PrecioRegistro(const std::filesystem::path& carpeta, const std::vector<Fecha>& festivos,
-                   const cBono& bono);
+    PrecioRegistro(const cLlamada& libro, const std::vector<Fecha>& festivos, const cBono& bono);
 
     // Prices `r` with `tarifa` (its own tariff when empty) and stores the new
     // importe, Tipo and Bono in it. A tariff the book does not hold leaves
@@ -34,11 +32,6 @@ public:
 
     // The working ledger as the calls priced so far left it.
     const cBono& Bono() const { return trabajo_; }
-
-    // Reads the tariff file once and prices every later call with that book
-    // instead of reading the file again for each call: for a batch over a
-    // book that does not change meanwhile.
-    void LibroFijo();
 
     // When the call starts and ends.
     static Fecha Inicio(const RegistroLlamada& r);

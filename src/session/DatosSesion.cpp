@@ -4,13 +4,12 @@ namespace vorimesk {
 
 DatosSesion::DatosSesion(std::filesystem::path carpetaDatos, const Reloj& reloj)
     : Carpeta(std::move(carpetaDatos)), RelojPrograma(reloj), Bono(reloj),
-      Ajustes(ValoresPorDefecto()), Registro(Carpeta), Libro(Carpeta) {}
+      Ajustes(ValoresPorDefecto()), Libro(Carpeta), Registro(Carpeta), Presupuesto(Carpeta) {
+    Registro.PrestarLibro(Libro);
+}
 
-std::int16_t DatosSesion::TipoDia(Fecha dia) {
-    if (Libro.Festivos() != Ajustes.Festivos) {
-        Libro.Festivos(Ajustes.Festivos);
-    }
-    return Libro.TipoDia(dia);
+std::int16_t DatosSesion::TipoDia(Fecha dia) const {
+    return cLlamada::TipoDiaCalendario(dia, Ajustes.Festivos);
 }
 
 } // namespace vorimesk

@@ -1,10 +1,11 @@
 #pragma once
 // One user's data folder as one unit: the settings, the BonoNet ledger, the
-// pending-connection list, the call register and the tariff book. The main
+// pending-connection list, the call register, the tariff book and the budget. The main
 // window and vorimesk-cli load and save through it, so the rules of when each
 // file is written are kept here once:
 //
-// - Nothing is written while loading.
+// - Nothing is written while loading. The tariff book and the budget are
+//   read at their first use and again only when their file changes.
 // - The register is written at once when calls are taken from the modem log
 //   (LlamadasAnotadas), when it is re-priced (Recalcular) and when the
 //   archive tools change it (RegistroCambiado); at the exit only if something
@@ -72,6 +73,10 @@ public:
     Log& Registro() { return datos_.Registro; }
     const Log& Registro() const { return datos_.Registro; }
     std::vector<Fecha> Festivos() const;
+    // The tariff book every pricing borrows (the register's included).
+    const LibroTarifas& Libro() const { return datos_.Libro; }
+    PresupuestoSesion& Presupuesto() { return datos_.Presupuesto; }
+    const PresupuestoSesion& Presupuesto() const { return datos_.Presupuesto; }
     // The register as the connection monitor fills it: its saving goes
     // through LlamadasAnotadas.
     RegistroMonitor& RegistroDelMonitor() { return registroMonitor_; }

@@ -35,15 +35,31 @@ std::int32_t TiempoIncluido(std::int32_t horaGuardada) {
     return cTiempo(texto).ConvSegundos();
 }
 
-std::string TextoDuracion(Fecha inicio, Fecha fin) {
+// The call's length in seconds, if it can be written as hh:mm:ss.
+std::int32_t SegundosDuracion(Fecha inicio, Fecha fin) {
     const std::int64_t s = fin.Segundos() - inicio.Segundos();
     if (s < std::numeric_limits<std::int32_t>::min() ||
         s > std::numeric_limits<std::int32_t>::max()) {
         throw ErrorDesbordamiento("la duracion de la llamada no cabe en 32 bits");
     }
     cTiempo t;
-    t.ConvTiempo(static_cast<std::int32_t>(s));
-    return t.Valor();
+    t.ConvTiempo(static_cast<std::int32_t>(s)); // throws for more hours than it holds
+    return static_cast<std::int32_t>(s);
+}
+
+// A billing period's ends are dates with four-digit years.
+bool CabeEnTexto(Fecha f) {
+    static const Fecha primera = Fecha::Crear(0, 1, 1);
+    static const Fecha ultima = Fecha::Crear(9999, 12, 31, 23, 59, 59);
+    return primera <= f && f <= ultima;
+}
+
+template <typename Lectura> std::optional<std::int32_t> Hora(Lectura lectura) {
+    try {
+        return lectura();
+    } catch (const Error&) {
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -74,6 +90,7 @@ void cLlamada::Load() {
     }
     leidas.emplace_back();
     tarifas_ = std::move(leidas);
+    precios_.clear();
 }
 
 void cLlamada::Save() const {
@@ -95,6 +112,7 @@ void cLlamada::Add() {
     }
     tarifas_.back() = RegistroTarifa();
     tarifas_.emplace_back();
+    precios_.clear();
 }
 
 void cLlamada::Delete(std::int16_t indice) {
@@ -107,15 +125,16 @@ void cLlamada::Delete(std::int16_t indice) {
     }
     tarifas_.pop_back();
     tarifas_.back() = RegistroTarifa();
+    precios_.clear();
 }
 
 void cLlamada::Copy(std::int16_t destino, std::int16_t origen) {
-    En(destino) = En(origen);
+    Editar(destino) = En(origen);
 }
 
 std::int16_t cLlamada::Find(std::string_view nombre) const {
     for (std::int16_t i = 0; i < Count(); ++i) {
-        if (tarifas_[static_cast<std::size_t>(i)].Nombre() == nombre) {
+        if (PreciosDe(i).nombre == nombre) {
             return i;
         }
     }
@@ -129,8 +148,51 @@ const RegistroTarifa& cLlamada::En(std::int16_t indice) const {
     return tarifas_[static_cast<std::size_t>(indice)];
 }
 
-RegistroTarifa& cLlamada::En(std::int16_t indice) {
-    return const_cast<RegistroTarifa&>(std::as_const(*this).En(indice));
+RegistroTarifa& cLlamada::Editar(std::int16_t indice) {
+    RegistroTarifa& r = const_cast<RegistroTarifa&>(En(indice));
+    precios_.clear();
+    return r;
+}
+
+const cLlamada::Precios& cLlamada::PreciosDe(std::int16_t indice) const {
+    const RegistroTarifa& r = En(indice);
+    precios_.resize(tarifas_.size());
+    std::optional<Precios>& p = precios_[static_cast<std::size_t>(indice)];
+    if (p) {
+        return *p;
+    }
+    Precios nuevo;
+    nuevo.nombre = r.Nombre();
+    nuevo.importeConexion = r.ImporteConexion();
+    nuevo.incluido = Hora([&] { return TiempoIncluido(r.TiempoConexion()); });
+    for (int d = 0; d < 3; ++d) {
+        for (int f = 0; f < 2; ++f) {
+            nuevo.importe[d][f] = r.Importe(d, f);
+            nuevo.inicio[d][f] = Hora([&] { return r.Inicio(d, f); });
+            nuevo.fin[d][f] = Hora([&] { return r.Fin(d, f); });
+        }
+    }
+    p = std::move(nuevo);
+    return *p;
+}
+
+std::int32_t cLlamada::Inicio(std::int16_t tarifa, const Precios& p, int dia, int franja) const {
+    const auto& h = p.inicio[dia][franja];
+    return h ? *h : En(tarifa).Inicio(dia, franja);
+}
+
+std::int32_t cLlamada::Fin(std::int16_t tarifa, const Precios& p, int dia, int franja) const {
+    const auto& h = p.fin[dia][franja];
+    return h ? *h : En(tarifa).Fin(dia, franja);
+}
+
+const std::string& cLlamada::Duracion() const {
+    if (!duracion_) {
+        cTiempo t;
+        t.ConvTiempo(segundos_);
+        duracion_ = t.Valor();
+    }
+    return *duracion_;
 }
 
 const RegistroTarifa& cLlamada::Tarifa(std::int16_t indice) const {
@@ -138,7 +200,7 @@ const RegistroTarifa& cLlamada::Tarifa(std::int16_t indice) const {
 }
 
 void cLlamada::Tarifa(std::int16_t indice, const RegistroTarifa& registro) {
-    En(indice) = registro;
+    Editar(indice) = registro;
 }
 
 ValorTarifa cLlamada::Valor(std::int16_t indice, std::string_view clave) const {
@@ -150,19 +212,19 @@ std::string cLlamada::ValorTexto(std::int16_t indice, std::string_view clave) co
 }
 
 void cLlamada::Valor(std::int16_t indice, std::string_view clave, std::string_view texto) {
-    En(indice).Valor(clave, texto);
+    Editar(indice).Valor(clave, texto);
 }
 
 void cLlamada::Valor(std::int16_t indice, std::string_view clave, Fecha fecha) {
-    En(indice).Valor(clave, fecha);
+    Editar(indice).Valor(clave, fecha);
 }
 
 void cLlamada::Valor(std::int16_t indice, std::string_view clave, double numero) {
-    En(indice).Valor(clave, numero);
+    Editar(indice).Valor(clave, numero);
 }
 
-std::int16_t cLlamada::TipoDia(Fecha momento) const {
-    for (const Fecha& f : festivos_) {
+std::int16_t cLlamada::TipoDiaCalendario(Fecha momento, const std::vector<Fecha>& festivos) {
+    for (const Fecha& f : festivos) {
         if (f.Dias() == momento.Dias()) {
             return 2;
         }
@@ -180,16 +242,16 @@ std::int16_t cLlamada::TipoDia(Fecha momento) const {
 // Everything outside the normal band is reduced time; the reduced band's own
 // start is never looked at.
 std::int16_t cLlamada::Banda(std::int16_t tarifa, Fecha momento) const {
-    const RegistroTarifa& r = En(tarifa);
+    const Precios& p = PreciosDe(tarifa);
     const std::int32_t t = momento.SegundosDelDia();
     const int d = TipoDia(momento);
-    const std::int32_t ni = r.Inicio(d, RegistroTarifa::kNormal);
-    const std::int32_t nf = r.Fin(d, RegistroTarifa::kNormal);
+    const std::int32_t ni = Inicio(tarifa, p, d, RegistroTarifa::kNormal);
+    const std::int32_t nf = Fin(tarifa, p, d, RegistroTarifa::kNormal);
     if (ni != nf && ni <= t && t <= nf) {
         return 0;
     }
-    const bool reducidaVacia =
-        r.Inicio(d, RegistroTarifa::kReducida) == r.Fin(d, RegistroTarifa::kReducida);
+    const bool reducidaVacia = Inicio(tarifa, p, d, RegistroTarifa::kReducida) ==
+                               Fin(tarifa, p, d, RegistroTarifa::kReducida);
     return reducidaVacia ? std::int16_t{-1} : std::int16_t{1};
 }
 
@@ -223,7 +285,7 @@ bool cLlamada::Datos(Fecha inicio, Fecha fin, const cBono* bono, std::string tar
     }
     // Checked before walking the call: a length that no duration holds
     // fails anyway, and walking centuries band by band would take minutes.
-    std::string duracion = TextoDuracion(inicio, fin);
+    const std::int32_t segundos = SegundosDuracion(inicio, fin);
     if (bono != nullptr) {
         bono_.Copiar(*bono);
     } else {
@@ -232,12 +294,14 @@ bool cLlamada::Datos(Fecha inicio, Fecha fin, const cBono* bono, std::string tar
     segundosBono_ = 0;
     tipoActual_ = Banda(i, inicio);
     bonoNetActual_ = QuedaBono(inicio);
-    const RegistroTarifa& r = En(i);
-    const Fecha medido = inicio.MasSegundos(TiempoIncluido(r.TiempoConexion()));
-    float total = r.ImporteConexion();
+    const Precios& p = PreciosDe(i);
+    const Fecha medido =
+        inicio.MasSegundos(p.incluido ? *p.incluido : TiempoIncluido(En(i).TiempoConexion()));
+    float total = p.importeConexion;
     SumarPeriodos(i, medido, fin, bono != nullptr, total);
     importe_ = total;
-    duracion_ = std::move(duracion);
+    segundos_ = segundos;
+    duracion_.reset();
     tipo_ = Banda(i, fin);
     bonoNet_ = QuedaBono(fin);
     bonoPendiente_ = bono != nullptr;
@@ -253,16 +317,24 @@ void cLlamada::SumarPeriodos(std::int16_t tarifa, Fecha desde, Fecha hasta, bool
     periodos.Periodos(desde, hasta);
     periodos.Reset();
     bool primero = true;
-    for (std::string p = periodos.Periodo(); !p.empty(); p = periodos.Periodo()) {
-        if (p == cPeriodo::kOtro) {
+    for (auto t = periodos.SiguienteTramo(); t; t = periodos.SiguienteTramo()) {
+        if (t->otro) {
             continue;
         }
         if (!primero) {
             bono_.Reset();
         }
         primero = false;
-        const Fecha limite = cPeriodo::FechaFin(p);
-        for (Fecha s = cPeriodo::FechaIni(p); s < limite;) {
+        Fecha inicio = t->desde;
+        Fecha limite = t->hasta;
+        if (!CabeEnTexto(inicio) || !CabeEnTexto(limite)) {
+            // Past year 9999 a period's text no longer holds its dates: it
+            // is read back from the text, as it always has been.
+            const std::string texto = cPeriodo::Texto(inicio, limite);
+            limite = cPeriodo::FechaFin(texto);
+            inicio = cPeriodo::FechaIni(texto);
+        }
+        for (Fecha s = inicio; s < limite;) {
             total += CosteTramo(tarifa, s, limite, conBono);
         }
     }
@@ -271,12 +343,12 @@ void cLlamada::SumarPeriodos(std::int16_t tarifa, Fecha desde, Fecha hasta, bool
 // One stretch of a band from `desde`, up to the band's end or `limite`;
 // moves `desde` to where the stretch stops.
 float cLlamada::CosteTramo(std::int16_t tarifa, Fecha& desde, Fecha limite, bool conBono) {
-    const RegistroTarifa& r = En(tarifa);
+    const Precios& p = PreciosDe(tarifa);
     const int d = TipoDia(desde);
     const int franja =
         Banda(tarifa, desde) == 0 ? RegistroTarifa::kNormal : RegistroTarifa::kReducida;
     const std::int32_t hora = desde.SegundosDelDia();
-    std::int32_t n = FinDeFranja(hora, r.Fin(d, franja)) - hora;
+    std::int32_t n = FinDeFranja(hora, Fin(tarifa, p, d, franja)) - hora;
     const Fecha inicioTramo = desde;
     if (desde.MasSegundos(n) > limite) {
         n = FinDeFranja(hora, limite.MasSegundos(-1).SegundosDelDia()) - hora;
@@ -289,7 +361,7 @@ float cLlamada::CosteTramo(std::int16_t tarifa, Fecha& desde, Fecha limite, bool
         cubiertos = bono_.Restar(Noche(inicioTramo) ? cBono::kGrupoNoche : cBono::kGrupoDia, n);
         segundosBono_ += cubiertos;
     }
-    return r.Importe(d, franja) / 60.0f * static_cast<float>(n - cubiertos);
+    return p.importe[d][franja] / 60.0f * static_cast<float>(n - cubiertos);
 }
 
 void cLlamada::TraspasarBono(cBono& programa) const {

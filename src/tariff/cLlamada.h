@@ -30,6 +30,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -85,10 +86,11 @@ public:
     // again: for a batch of pricings over a book that cannot change meanwhile.
     void RecargarAlPreciar(bool recargar) { recargar_ = recargar; }
     // 0 "Semana", 1 "Sabado", 2 "Festivo" (Sundays and the holidays).
-    std::int16_t TipoDia(Fecha momento) const;
+    std::int16_t TipoDia(Fecha momento) const { return TipoDiaCalendario(momento, festivos_); }
+    static std::int16_t TipoDiaCalendario(Fecha momento, const std::vector<Fecha>& festivos);
 
     float importe() const { return importe_; }
-    const std::string& Duracion() const { return duracion_; }
+    const std::string& Duracion() const;
     // Band at the end and at the start: 0 normal, 1 reduced, -1 when the
     // reduced band is empty.
     std::int16_t Tipo() const { return tipo_; }
@@ -110,8 +112,25 @@ public:
     void TraspasarBono(cBono& programa) const;
 
 private:
+    // What pricing reads of a tariff, decoded from its bytes once after the
+    // book changes instead of at every stretch of every call. A time that
+    // does not decode is left empty and read from the record, which throws
+    // there as it always has.
+    struct Precios {
+        std::string nombre;
+        float importeConexion = 0.0f;
+        std::optional<std::int32_t> incluido; // the connection's included time
+        float importe[3][2] = {};
+        std::optional<std::int32_t> inicio[3][2];
+        std::optional<std::int32_t> fin[3][2];
+    };
+
     const RegistroTarifa& En(std::int16_t indice) const;
-    RegistroTarifa& En(std::int16_t indice);
+    // For a change to the tariff: what was decoded of the book is dropped.
+    RegistroTarifa& Editar(std::int16_t indice);
+    const Precios& PreciosDe(std::int16_t indice) const;
+    std::int32_t Inicio(std::int16_t tarifa, const Precios& p, int dia, int franja) const;
+    std::int32_t Fin(std::int16_t tarifa, const Precios& p, int dia, int franja) const;
     std::int16_t Banda(std::int16_t tarifa, Fecha momento) const;
     bool Noche(Fecha momento) const;
     bool QuedaBono(Fecha momento) const;
@@ -121,12 +140,15 @@ private:
 
     std::filesystem::path ruta_;
     std::vector<RegistroTarifa> tarifas_ = std::vector<RegistroTarifa>(1);
+    mutable std::vector<std::optional<Precios>> precios_;
     std::vector<Fecha> festivos_;
     std::string nombreTarifa_;
     bool recargar_ = true;
 
     float importe_ = 0.0f;
-    std::string duracion_;
+    // The priced length, written out only when asked for.
+    std::int32_t segundos_ = 0;
+    mutable std::optional<std::string> duracion_ = std::string();
     std::int16_t tipo_ = 0;
     std::int16_t tipoActual_ = 0;
     bool bonoNet_ = false;

@@ -61,19 +61,27 @@ void cPeriodo::Reset() {
 }
 
 std::string cPeriodo::Periodo() {
-    if (configurado_ < 2) {
+    const std::optional<Tramo> t = SiguienteTramo();
+    if (!t) {
         return {};
+    }
+    return t->otro ? std::string(kOtro) : Texto(t->desde, t->hasta);
+}
+
+std::optional<cPeriodo::Tramo> cPeriodo::SiguienteTramo() {
+    if (configurado_ < 2) {
+        return std::nullopt;
     }
     if (cursor_ == inicio_ && !primeroDado_) {
         primeroDado_ = true;
-        return PrimerPeriodo();
+        return PrimerTramo();
     }
-    return SiguientePeriodo();
+    return TramoSiguiente();
 }
 
-std::string cPeriodo::PrimerPeriodo() {
+std::optional<cPeriodo::Tramo> cPeriodo::PrimerTramo() {
     if (inicio_.Año() > filtro_) {
-        return {};
+        return std::nullopt;
     }
     Fecha c = cursor_.SoloFecha();
     if (c.Dia() > diaFactura_) {
@@ -89,25 +97,25 @@ std::string cPeriodo::PrimerPeriodo() {
     }
     const bool otro = filtro_ != kSinFiltro && inicio_.Año() < filtro_;
     cursor_ = c.SoloFecha().MasDias(1);
-    return otro ? std::string(kOtro) : Texto(inicio_, c);
+    return Tramo{inicio_, c, otro};
 }
 
-std::string cPeriodo::SiguientePeriodo() {
+std::optional<cPeriodo::Tramo> cPeriodo::TramoSiguiente() {
     if (!(cursor_ < fin_)) {
-        return {};
+        return std::nullopt;
     }
     const Fecha p = cursor_;
     if (p.Año() > filtro_) {
-        return {};
+        return std::nullopt;
     }
     cursor_ = cursor_.MasMeses(intervalo_ == kMensual ? 1 : 2);
     if (cursor_ > fin_) {
         cursor_ = fin_;
     }
     if (filtro_ != kSinFiltro && cursor_.Año() < filtro_) {
-        return std::string(kOtro);
+        return Tramo{p, cursor_, true};
     }
-    return Texto(p, cursor_ == fin_ ? cursor_ : cursor_.MasDias(-1));
+    return Tramo{p, cursor_ == fin_ ? cursor_ : cursor_.MasDias(-1)};
 }
 
 std::string cPeriodo::PeriodoActual(Fecha momento) {

@@ -13,6 +13,7 @@
 #include "core/Fecha.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,10 +32,20 @@ public:
     // The next period; empty when there is none or until both Datos and
     // Periodos have been called.
     std::string Periodo();
+    // The same period as its two ends, for whoever needs the dates and not
+    // the text (`otro` for "Otro"); nullopt where Periodo gives no text.
+    struct Tramo {
+        Fecha desde;
+        Fecha hasta;
+        bool otro = false;
+    };
+    std::optional<Tramo> SiguienteTramo();
     // Walks from `momento` to the end and returns the last period found.
     std::string PeriodoActual(Fecha momento);
     void Reset();
 
+    // "start - end", as Periodo writes a period.
+    static std::string Texto(Fecha desde, Fecha hasta);
     // The two ends of a period text; ErrorTipo when they cannot be read.
     static Fecha FechaIni(std::string_view periodo);
     static Fecha FechaFin(std::string_view periodo);
@@ -43,9 +54,8 @@ private:
     // Internal interval codes: the parity of the boundary month, or monthly.
     static constexpr std::uint8_t kPar = 0, kImpar = 1, kMensual = 2;
 
-    std::string PrimerPeriodo();
-    std::string SiguientePeriodo();
-    static std::string Texto(Fecha desde, Fecha hasta);
+    std::optional<Tramo> PrimerTramo();
+    std::optional<Tramo> TramoSiguiente();
 
     std::uint8_t diaFactura_ = 0;
     std::uint8_t intervalo_ = kPar;

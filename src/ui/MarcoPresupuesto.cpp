@@ -2,6 +2,7 @@
 
 #include "core/Errores.h"
 #include "core/FormatoNumero.h"
+#include "session/PresupuestoSesion.h"
 #include "settings/Presupuesto.h"
 
 #include <QHBoxLayout>
@@ -11,8 +12,8 @@
 
 namespace vorimesk {
 
-MarcoPresupuesto::MarcoPresupuesto(std::filesystem::path carpeta, QWidget* padre)
-    : QGroupBox("Presupuesto", padre), carpeta_(std::move(carpeta)) {
+MarcoPresupuesto::MarcoPresupuesto(PresupuestoSesion& presupuesto, QWidget* padre)
+    : QGroupBox("Presupuesto", padre), presupuesto_(presupuesto) {
     setObjectName("MarcoPresupuesto");
     txtPresupuesto = new QLineEdit(this);
     txtPresupuesto->setObjectName("txtPresupuesto");
@@ -35,7 +36,7 @@ MarcoPresupuesto::MarcoPresupuesto(std::filesystem::path carpeta, QWidget* padre
 
 void MarcoPresupuesto::Mostrar() {
     try {
-        const std::optional<double> p = LeerPresupuesto(carpeta_);
+        const std::optional<double> p = presupuesto_.Actual();
         guardado_ = p ? QString::fromStdString(TextoDinero(*p)) : QString();
         lEstadoPresupuesto->clear();
     } catch (const Error& e) {
@@ -62,7 +63,7 @@ bool MarcoPresupuesto::Guardar() {
         }
     }
     try {
-        GuardarPresupuesto(carpeta_, nuevo);
+        presupuesto_.Cambiar(nuevo);
     } catch (const Error& e) {
         lEstadoPresupuesto->setText(QString::fromStdString(e.what()));
         txtPresupuesto->setText(guardado_);

@@ -75,8 +75,9 @@ void TabConexiones::MostrarEntradas(const std::vector<std::string>& entradas) {
 void TabConexiones::MostrarTarifas() {
     const QString antes = cmbTarifa->currentText();
     cmbTarifa->clear();
-    for (std::int16_t i = 0; i < datos_.Libro.Count(); ++i) {
-        cmbTarifa->addItem(QString::fromStdString(datos_.Libro.ValorTexto(i, "Nombre")));
+    const cLlamada& libro = datos_.Libro.Actual();
+    for (std::int16_t i = 0; i < libro.Count(); ++i) {
+        cmbTarifa->addItem(QString::fromStdString(libro.ValorTexto(i, "Nombre")));
     }
     cmbTarifa->setCurrentIndex(cmbTarifa->findText(antes));
     Seleccion();

@@ -48,7 +48,7 @@ TabOpciones::TabOpciones(DatosSesion& datos, SonidoAviso& sonido, QWidget* padre
     izquierda->addStretch();
     auto* derecha = new QVBoxLayout;
     derecha->addWidget(MarcoAvisos());
-    derecha->addWidget(new MarcoPresupuesto(datos_.Carpeta, this));
+    derecha->addWidget(new MarcoPresupuesto(datos_.Presupuesto, this));
     derecha->addStretch();
     auto* todo = new QHBoxLayout(this);
     todo->addLayout(izquierda, 1);

@@ -162,30 +162,20 @@ TabTarifas::TabTarifas(DatosSesion& datos, std::filesystem::path carpetaPrograma
 }
 
 // The editor writes the book beside it and renames it into place: the folder
-// is watched, and the book read again once its file is another.
+// is watched, and the book shown again once the session has read it again.
 void TabTarifas::VigilarLibro() {
     vigilante_ = new QFileSystemWatcher(this);
     espera_ = new QTimer(this);
     espera_->setSingleShot(true);
-    espera_->setInterval(150); // one read for the burst of changes a save makes
+    espera_->setInterval(150); // one look for the burst of changes a save makes
     connect(vigilante_, &QFileSystemWatcher::directoryChanged, espera_,
             qOverload<>(&QTimer::start));
     connect(espera_, &QTimer::timeout, this, Protegido(this, [this] {
-                if (SelloLibro() != leido_) {
+                datos_.Libro.Actual();
+                if (datos_.Libro.Lecturas() != mostrado_) {
                     Refrescar();
                 }
             }));
-}
-
-TabTarifas::Sello TabTarifas::SelloLibro() const {
-    std::error_code ec;
-    const auto ruta = datos_.Libro.Ruta();
-    const auto cuando = std::filesystem::last_write_time(ruta, ec);
-    if (ec) {
-        return std::nullopt;
-    }
-    const auto tamaño = std::filesystem::file_size(ruta, ec);
-    return ec ? Sello() : Sello(std::pair(cuando, tamaño));
 }
 
 int TabTarifas::TipoDia() const {
@@ -193,20 +183,17 @@ int TabTarifas::TipoDia() const {
 }
 
 void TabTarifas::Refrescar() {
-    const std::vector<Fecha> festivos = datos_.Libro.Festivos();
-    datos_.Libro = cLlamada(datos_.Carpeta);
-    datos_.Libro.Festivos(festivos);
     const QString carpeta = QString::fromStdString(datos_.Carpeta.string());
     if (!vigilante_->directories().contains(carpeta)) {
         vigilante_->addPath(carpeta);
     }
-    leido_ = SelloLibro();
-    datos_.Libro.Load();
+    const cLlamada& libro = datos_.Libro.Actual();
+    mostrado_ = datos_.Libro.Lecturas();
     const int antes = std::max(0, listTarifas->currentRow());
     listTarifas->blockSignals(true);
     listTarifas->clear();
-    for (std::int16_t i = 0; i < datos_.Libro.Count(); ++i) {
-        listTarifas->addItem(QString::fromStdString(datos_.Libro.ValorTexto(i, "Nombre")));
+    for (std::int16_t i = 0; i < libro.Count(); ++i) {
+        listTarifas->addItem(QString::fromStdString(libro.ValorTexto(i, "Nombre")));
     }
     listTarifas->setCurrentRow(std::min(antes, listTarifas->count() - 1));
     listTarifas->blockSignals(false);
@@ -221,23 +208,28 @@ void TabTarifas::PonerCelda(QTableWidget* tabla, int fila, int columna, const QS
 }
 
 void TabTarifas::MostrarValores() {
+    const cLlamada& libro = datos_.Libro.Actual();
+    if (datos_.Libro.Lecturas() != mostrado_) {
+        Refrescar(); // the list first: it shows the values again
+        return;
+    }
     const int t = listTarifas->currentRow();
-    const bool hay = t >= 0 && t < datos_.Libro.Count();
+    const bool hay = t >= 0 && t < libro.Count();
     const std::string dia = kDias[TipoDia()];
     const char* const franjas[] = {".Normal", ".Reducida"};
     for (int f = 0; f < 2; ++f) {
         const std::string base = dia + franjas[f];
         const auto i = static_cast<std::int16_t>(t);
         PonerCelda(gTarifas, f, 0,
-                   hay ? QString::fromStdString(datos_.Libro.ValorTexto(i, base + ".Importe"))
+                   hay ? QString::fromStdString(libro.ValorTexto(i, base + ".Importe"))
                        : QString());
-        PonerCelda(gTarifas, f, 1, hay ? HoraMinutos(datos_.Libro.Valor(i, base + ".Inicio")) : "");
-        PonerCelda(gTarifas, f, 2, hay ? HoraMinutos(datos_.Libro.Valor(i, base + ".Fin")) : "");
+        PonerCelda(gTarifas, f, 1, hay ? HoraMinutos(libro.Valor(i, base + ".Inicio")) : "");
+        PonerCelda(gTarifas, f, 2, hay ? HoraMinutos(libro.Valor(i, base + ".Fin")) : "");
     }
     const auto i = static_cast<std::int16_t>(t);
     PonerCelda(gConexion, 0, 0,
-               hay ? QString::fromStdString(datos_.Libro.ValorTexto(i, "Conexion.Importe")) : "");
-    PonerCelda(gConexion, 1, 0, hay ? HoraMinutos(datos_.Libro.Valor(i, "Conexion.Tiempo")) : "");
+               hay ? QString::fromStdString(libro.ValorTexto(i, "Conexion.Importe")) : "");
+    PonerCelda(gConexion, 1, 0, hay ? HoraMinutos(libro.Valor(i, "Conexion.Tiempo")) : "");
 }
 
 bool TabTarifas::AbrirEditor() {

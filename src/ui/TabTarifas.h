@@ -7,9 +7,8 @@
 // tab reads the book again as soon as the file changes on disk.
 
 #include <QWidget>
+#include <cstdint>
 #include <filesystem>
-#include <optional>
-#include <utility>
 
 class QButtonGroup;
 class QFileSystemWatcher;
@@ -50,9 +49,6 @@ private:
     QPushButton* cmdEditor = nullptr;
     QLabel* lSinTarifas = nullptr;
 
-    // When and how big "Tarifas.Dat" is; nothing when there is none.
-    using Sello = std::optional<std::pair<std::filesystem::file_time_type, std::uintmax_t>>;
-    Sello SelloLibro() const;
     void VigilarLibro();
     int TipoDia() const;
     void PonerCelda(QTableWidget* tabla, int fila, int columna, const QString& texto);
@@ -62,7 +58,8 @@ private:
     QButtonGroup* dias_ = nullptr;
     QFileSystemWatcher* vigilante_ = nullptr;
     QTimer* espera_ = nullptr;
-    Sello leido_;
+    // The reading of the session's book the tab shows.
+    std::uint64_t mostrado_ = 0;
 };
 
 } // namespace vorimesk

@@ -5,14 +5,14 @@
 #include "core/Errores.h"
 #include "core/FormatoNumero.h"
 #include "session/DatosSesion.h"
-#include "settings/Presupuesto.h"
 
 #include <QSystemTrayIcon>
 
 namespace vorimesk {
 
-VigiaPresupuesto::VigiaPresupuesto(DatosSesion& datos, SonidoAviso& sonido, PanelPrevision& panel,
-                                   std::function<QSystemTrayIcon*()> bandeja, QObject* padre)
+VigiaPresupuesto::VigiaPresupuesto(const DatosSesion& datos, SonidoAviso& sonido,
+                                   PanelPrevision& panel, std::function<QSystemTrayIcon*()> bandeja,
+                                   QObject* padre)
     : QObject(padre), datos_(datos), sonido_(sonido), panel_(panel), bandeja_(std::move(bandeja)) {}
 
 void VigiaPresupuesto::Actualizar() {
@@ -22,7 +22,7 @@ void VigiaPresupuesto::Actualizar() {
     d.Coste = datos_.Coste();
     QString ilegible;
     try {
-        d.Presupuesto = LeerPresupuesto(datos_.Carpeta);
+        d.Presupuesto = datos_.Presupuesto.Actual();
     } catch (const Error& e) {
         // A damaged budget file only leaves the forecast without a budget.
         ilegible = QString::fromStdString(e.what());

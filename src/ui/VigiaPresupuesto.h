@@ -21,7 +21,7 @@ class VigiaPresupuesto : public QObject {
     Q_OBJECT
 public:
     // `bandeja` gives the tray icon when there is one (null otherwise).
-    VigiaPresupuesto(DatosSesion& datos, SonidoAviso& sonido, PanelPrevision& panel,
+    VigiaPresupuesto(const DatosSesion& datos, SonidoAviso& sonido, PanelPrevision& panel,
                      std::function<QSystemTrayIcon*()> bandeja, QObject* padre = nullptr);
 
     // Works the forecast out afresh (budget file included) and shows it.
@@ -32,7 +32,7 @@ signals:
     void AvisoPresupuesto(const QString& texto);
 
 private:
-    DatosSesion& datos_;
+    const DatosSesion& datos_;
     SonidoAviso& sonido_;
     PanelPrevision& panel_;
     std::function<QSystemTrayIcon*()> bandeja_;

@@ -5,6 +5,7 @@
 #include "Proteger.h"
 #include "core/Errores.h"
 #include "register/InformeImpresion.h"
+#include "tariff/LibroTarifas.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -17,7 +18,7 @@
 
 namespace vorimesk {
 
-fImprimir::fImprimir(const AnfitrionRegistro& anfitrion, const cLlamada& libro, QWidget* padre)
+fImprimir::fImprimir(const AnfitrionRegistro& anfitrion, const LibroTarifas& libro, QWidget* padre)
     : QDialog(padre), anfitrion_(anfitrion), libro_(libro) {
     setWindowTitle("Imprimir");
     auto* marco = new QGroupBox("Seleccione los datos a imprimir ", this);
@@ -54,7 +55,7 @@ std::vector<std::string> fImprimir::Lineas() const {
                                  anfitrion_.ListadoActual());
     }
     if (Check2->isChecked()) {
-        for (std::string& l : InformeTarifas(libro_)) {
+        for (std::string& l : InformeTarifas(libro_.Actual())) {
             lineas.push_back(std::move(l));
         }
     }

@@ -17,12 +17,13 @@ class QPushButton;
 
 namespace vorimesk {
 
-class cLlamada;
+class LibroTarifas;
 
 class fImprimir : public QDialog {
     Q_OBJECT
 public:
-    fImprimir(const AnfitrionRegistro& anfitrion, const cLlamada& libro, QWidget* padre = nullptr);
+    fImprimir(const AnfitrionRegistro& anfitrion, const LibroTarifas& libro,
+              QWidget* padre = nullptr);
 
     // The lines of the reports ticked, the register first; empty when
     // neither box is ticked.
@@ -41,7 +42,7 @@ private:
     void AlImprimir();
 
     const AnfitrionRegistro& anfitrion_;
-    const cLlamada& libro_;
+    const LibroTarifas& libro_;
 };
 
 } // namespace vorimesk

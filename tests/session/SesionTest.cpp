@@ -5,6 +5,7 @@
 
 #include "CarpetaTemporal.h"
 #include "RegistroAMano.h"
+#include "TarifaAMano.h"
 #include "settings/ArchivoVariables.h"
 
 using namespace vorimesk;
@@ -175,3 +176,21 @@ TEST_F(SesionCarpeta, ElPeriodoEsElQueContieneHoy) {
 }
 
 } // namespace
+
+TEST_F(SesionCarpeta, ElLibroQueGuardaElEditorCuentaEnElPrecioSiguiente) {
+    const auto guardarLibro = [this](const std::string& normal) {
+        cLlamada libro(dir);
+        const Dia dia = Laborable(normal, "3");
+        PonerTarifa(libro, "Metropolitana", "0", "00:00", dia, dia, dia);
+        libro.Save();
+    };
+    Escribir(Registro(), RegistroAMano({})); // Monday 12:00, 00:05:00, "Metropolitana"
+    guardarLibro("6");
+    Sesion s(dir, reloj);
+    s.CargarRegistro();
+    s.Recalcular();
+    EXPECT_EQ(s.Registro().importe(0), "30"); // five minutes at 6
+    guardarLibro("9");                        // a file of the very same size
+    s.Recalcular();
+    EXPECT_EQ(s.Registro().importe(0), "45");
+}

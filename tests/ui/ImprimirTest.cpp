@@ -6,6 +6,7 @@
 #include "Controles.h"
 #include "LlamadasSimuladas.h"
 #include "tariff/LibroPorDefecto.h"
+#include "tariff/LibroTarifas.h"
 #include "ui/fImprimir.h"
 
 #include <QPrintDialog>
@@ -25,9 +26,8 @@ protected:
     void SetUp() override {
         registro = std::make_unique<Log>(dir);
         prueba::LlenarConLlamadas(*registro, dir, Fecha::Crear(2026, 1, 16), 59);
-        libro = std::make_unique<cLlamada>(dir);
-        libro->Load();
-        anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, *libro, hoy);
+        libro = std::make_unique<LibroTarifas>(dir);
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(*registro, libro->Actual(), hoy);
         anfitrion->inicio = Fecha::Crear(2026, 2, 16);
         anfitrion->fin = Fecha::Crear(2026, 3, 15, 23, 59, 59);
         anfitrion->RellenaGrid({});
@@ -63,7 +63,7 @@ protected:
 
     Fecha hoy = Fecha::Crear(2026, 3, 20);
     std::unique_ptr<Log> registro;
-    std::unique_ptr<cLlamada> libro;
+    std::unique_ptr<LibroTarifas> libro;
     std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
 };
 

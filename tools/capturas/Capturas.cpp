@@ -10,6 +10,7 @@
 #include "register/Copias.h"
 #include "tariff/ArchivoPlanes.h"
 #include "tariff/LibroPorDefecto.h"
+#include "tariff/LibroTarifas.h"
 #include "tariff/PlanesJson.h"
 #include "tariff/cBono.h"
 #include "ui/AvisoCuentaAtras.h"
@@ -54,7 +55,7 @@ struct Datos {
     std::filesystem::path carpeta{temporal.path().toStdString()};
     RelojFijo reloj{Fecha::Crear(2026, 3, 20, 18, 30, 0)};
     Log registro{carpeta};
-    cLlamada libro{carpeta};
+    LibroTarifas libro{carpeta};
     cBono bono{reloj};
     std::unique_ptr<prueba::AnfitrionFalso> anfitrion;
     // Calls from January 2025 to March 2026, for the graphs over years.
@@ -63,9 +64,8 @@ struct Datos {
     Datos() {
         prueba::LlenarConLlamadas(registro, carpeta, Fecha::Crear(2026, 1, 1), 79);
         prueba::LlenarConLlamadas(variosAños, carpeta / "varios", Fecha::Crear(2025, 1, 5), 435);
-        libro.Load();
         bono.DiaFactura(15);
-        anfitrion = std::make_unique<prueba::AnfitrionFalso>(registro, libro, reloj.Hoy());
+        anfitrion = std::make_unique<prueba::AnfitrionFalso>(registro, libro.Actual(), reloj.Hoy());
         anfitrion->inicio = Fecha::Crear(2026, 2, 16);
         anfitrion->fin = Fecha::Crear(2026, 3, 15, 23, 59, 59);
         anfitrion->RellenaGrid(CriteriosFiltro::Periodo(anfitrion->inicio, anfitrion->fin));
