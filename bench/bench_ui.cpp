@@ -101,7 +101,7 @@ BENCHMARK(BM_RellenaGrid)->Unit(benchmark::kMillisecond);
 void BM_TickConMiniVentana(benchmark::State& estado) {
     PlataformaPrueba plataforma;
     plataforma.sistema->modems = {{"ttyS0", "Modem", CarpetaLlena() / "modemlog.txt"}};
-    plataforma.sistema->estado = SistemaPrueba::kConectado;
+    plataforma.sistema->estado = LecturaConexion::kConectado;
     plataforma.sistema->entrada = "Casa";
     RelojFijo reloj(Fecha::Crear(2026, 3, 20, 9, 0, 0));
     EntornoVentana e;

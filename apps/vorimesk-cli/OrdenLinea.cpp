@@ -10,7 +10,6 @@
 #include "core/Archivo.h"
 #include "core/Texto1252.h"
 #include "meter/LimitesContador.h"
-#include "platform/LecturaFuente.h"
 #include "platform/Plataforma.h"
 #include "session/Sesion.h"
 #include "tariff/ArchivoPlanes.h"
@@ -32,8 +31,7 @@ Plataforma PlataformaDe(ContextoCli& contexto) {
 
 // The platform's reason, when it gave one, after the failure.
 std::string Motivo(Plataforma& p) {
-    p.conexiones->Actualizar();
-    const std::string aviso = p.conexiones->Aviso();
+    const std::string aviso = p.conexiones->Leer().Aviso;
     return aviso.empty() ? "." : ": " + aviso;
 }
 
@@ -98,7 +96,7 @@ int Colgar(ContextoCli& contexto, const std::optional<std::string>& elegida, boo
     Plataforma p = PlataformaDe(contexto);
     std::string entrada = elegida.value_or("");
     if (entrada.empty()) {
-        const LecturaConexion l = LeerFuente(*p.conexiones);
+        const LecturaConexion l = p.conexiones->Leer();
         if (l.IntState == LecturaConexion::kConectado ||
             l.IntState == LecturaConexion::kConectando) {
             entrada = l.EntryName;

@@ -2,7 +2,6 @@
 
 #include "core/Errores.h"
 #include "monitor/EntradasConexion.h"
-#include "platform/LecturaFuente.h"
 #include "platform/LineasModemLog.h"
 
 namespace vorimesk {
@@ -72,7 +71,7 @@ void Contador::Añadir(Sucesos& a, Sucesos b) const {
 }
 
 Contador::Sucesos Contador::PasoEstado() {
-    lectura_ = LeerFuente(*plataforma_.conexiones);
+    lectura_ = plataforma_.conexiones->Leer();
     if (observador_ != nullptr) {
         observador_->Lectura({reloj_.Ahora(), lectura_, monitor_, sesion_.Registro()});
     }

@@ -16,25 +16,17 @@ public:
     FuenteConexionesCombinada(std::shared_ptr<FuenteConexiones> nm,
                               std::shared_ptr<FuenteConexiones> ppp);
 
-    void Actualizar() override;
-    int Count() const override { return count_; }
-    int IntState() const override { return lider_->IntState(); }
-    std::string EntryName() const override { return lider_->EntryName(); }
-    std::optional<Trafico> Bytes() const override { return lider_->Bytes(); }
-    std::string Interfaz() const override { return lider_->Interfaz(); }
-    OrigenEnlace Origen() const override { return lider_->Origen(); }
-    SesionEnlace Sesion() const override { return lider_->Sesion(); }
-    std::string Aviso() const override;
+    // The leader's reading, with the links of both and the first refusal.
+    LecturaConexion Leer() override;
 
 private:
-    bool PppPropio() const;
+    bool PppPropio(const LecturaConexion& ppp) const;
 
     std::shared_ptr<FuenteConexiones> nm_;
     std::shared_ptr<FuenteConexiones> ppp_;
-    FuenteConexiones* lider_;
+    bool liderNM_ = true;
     bool liderActivo_ = false;
     std::string interfazNM_; // the last interface NetworkManager brought up
-    int count_ = 0;
 };
 
 } // namespace vorimesk

@@ -10,14 +10,15 @@ using namespace vorimesk;
 namespace {
 
 struct FuenteFija final : FuenteConexiones {
-    void Actualizar() override {}
-    int Count() const override { return estado == kConectado || estado == kConectando ? 1 : 0; }
-    int IntState() const override { return estado; }
-    std::string EntryName() const override { return entrada; }
-    std::optional<Trafico> Bytes() const override { return std::nullopt; }
-    std::string Interfaz() const override { return interfaz; }
+    LecturaConexion Leer() override {
+        const bool activa =
+            estado == LecturaConexion::kConectado || estado == LecturaConexion::kConectando;
+        LecturaConexion l{activa ? 1 : 0, estado, entrada};
+        l.Interfaz = interfaz;
+        return l;
+    }
 
-    int estado = kNada;
+    int estado = LecturaConexion::kNada;
     std::string entrada;
     std::string interfaz;
 };
@@ -41,9 +42,10 @@ protected:
     FuenteConexionesCombinada fuente{nm, ppp};
 
     std::pair<int, std::string> Tick() {
-        fuente.Actualizar();
-        return {fuente.IntState(), fuente.EntryName()};
+        l = fuente.Leer();
+        return {l.IntState, l.EntryName};
     }
+    LecturaConexion l;
     using Visto = std::pair<int, std::string>;
 };
 
@@ -54,11 +56,11 @@ TEST_F(Combinada, ElFinDeUnaLlamadaSeVeAunqueLaOtraFuenteYaTengaEnlace) {
     // A pppd peer comes up while the call goes on: the call keeps the lead.
     Poner(*ppp, 2, "casa", "ppp0");
     EXPECT_EQ(Tick(), (Visto{2, "Movistar 3G"}));
-    EXPECT_EQ(fuente.Count(), 2);
+    EXPECT_EQ(l.Count, 2);
     nm->estado = 0;
     EXPECT_EQ(Tick(), (Visto{0, "Movistar 3G"}));
     EXPECT_EQ(Tick(), (Visto{2, "casa"}));
-    EXPECT_EQ(fuente.Interfaz(), "ppp0");
+    EXPECT_EQ(l.Interfaz, "ppp0");
 }
 
 TEST_F(Combinada, ElPppdDeNetworkManagerNoEsOtraLlamada) {
@@ -66,11 +68,11 @@ TEST_F(Combinada, ElPppdDeNetworkManagerNoEsOtraLlamada) {
     Poner(*nm, 3, "Modem serie", "");
     Poner(*ppp, 3, "", "");
     EXPECT_EQ(Tick(), (Visto{3, "Modem serie"}));
-    EXPECT_EQ(fuente.Count(), 1);
+    EXPECT_EQ(l.Count, 1);
     Poner(*nm, 2, "Modem serie", "ppp0");
     Poner(*ppp, 2, "ppp0", "ppp0");
     EXPECT_EQ(Tick(), (Visto{2, "Modem serie"}));
-    EXPECT_EQ(fuente.Count(), 1);
+    EXPECT_EQ(l.Count, 1);
     // NetworkManager ends first; its pppd lingers a moment on ppp0.
     nm->estado = 0;
     EXPECT_EQ(Tick(), (Visto{0, "Modem serie"}));

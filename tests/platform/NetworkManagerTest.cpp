@@ -53,8 +53,8 @@ protected:
     std::vector<int> Hasta(int estado) {
         std::vector<int> vistos;
         for (int i = 0; i < 200; ++i) {
-            plataforma.conexiones->Actualizar();
-            const int e = plataforma.conexiones->IntState();
+            l = plataforma.conexiones->Leer();
+            const int e = l.IntState;
             if (vistos.empty() || vistos.back() != e) {
                 vistos.push_back(e);
             }
@@ -70,8 +70,8 @@ protected:
         std::vector<int> vistos;
         for (auto fin = std::chrono::steady_clock::now() + tiempo;
              std::chrono::steady_clock::now() < fin; std::this_thread::sleep_for(10ms)) {
-            plataforma.conexiones->Actualizar();
-            const int e = plataforma.conexiones->IntState();
+            l = plataforma.conexiones->Leer();
+            const int e = l.IntState;
             if (vistos.empty() || vistos.back() != e) {
                 vistos.push_back(e);
             }
@@ -86,6 +86,7 @@ protected:
     std::string conexion;
     std::string modem;
     Plataforma plataforma;
+    LecturaConexion l;                             // the last reading
     std::vector<std::vector<std::string>> ordenes; // pon and poff, noted only
 };
 
@@ -130,29 +131,31 @@ TEST_F(NetworkManagerSimulado, UnaLlamadaEnteraMarcadaYColgadaDesdeElContador) {
     ASSERT_FALSE(activa.empty());
     Fijar(activa, kActiva, "State", sdbus::Variant(std::uint32_t{1}));
     EXPECT_EQ(Hasta(3).back(), 3);
-    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+    EXPECT_EQ(l.EntryName, "Movistar 3G");
 
     Fijar(activa, kActiva, "State", sdbus::Variant(std::uint32_t{2}));
     EXPECT_EQ(Hasta(2).back(), 2);
-    EXPECT_EQ(plataforma.conexiones->Count(), 1);
-    EXPECT_EQ(plataforma.conexiones->Interfaz(), "wwan0");
-    EXPECT_EQ(plataforma.conexiones->Origen(), OrigenEnlace::NetworkManager);
+    EXPECT_EQ(l.Count, 1);
+    EXPECT_EQ(l.Interfaz, "wwan0");
+    EXPECT_FALSE(l.ConDiario);
     EXPECT_EQ(Propiedad(modem, kEstadisticas, "RefreshRateMs").get<std::uint32_t>(), 1000u);
 
     Fijar(modem, kEstadisticas, "RxBytes", sdbus::Variant(std::uint64_t{52000}));
     Fijar(modem, kEstadisticas, "TxBytes", sdbus::Variant(std::uint64_t{8100}));
-    for (int i = 0; i < 200 && plataforma.conexiones->Bytes() != Trafico{52000, 8100}; ++i) {
+    for (int i = 0; i < 200 && (l.Recibidos != 52000u || l.Enviados != 8100u); ++i) {
         std::this_thread::sleep_for(10ms);
-        plataforma.conexiones->Actualizar();
+        l = plataforma.conexiones->Leer();
     }
-    EXPECT_EQ(plataforma.conexiones->Bytes(), (Trafico{52000, 8100}));
+    EXPECT_EQ(l.Recibidos, 52000u);
+    EXPECT_EQ(l.Enviados, 8100u);
 
     EXPECT_EQ(plataforma.marcador->Colgar("Movistar 3G"), 1);
     EXPECT_EQ(Hasta(0), Estados{0});
     EXPECT_EQ(Durante(100ms), Estados{0}); // kept until a new link starts
-    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
-    EXPECT_EQ(plataforma.conexiones->Bytes(), (Trafico{52000, 8100}));
-    EXPECT_EQ(plataforma.conexiones->Count(), 0);
+    EXPECT_EQ(l.EntryName, "Movistar 3G");
+    EXPECT_EQ(l.Recibidos, 52000u);
+    EXPECT_EQ(l.Enviados, 8100u);
+    EXPECT_EQ(l.Count, 0);
     EXPECT_EQ(Propiedad(modem, kEstadisticas, "RefreshRateMs").get<std::uint32_t>(), 0u);
 }
 
@@ -194,9 +197,8 @@ TEST_F(NetworkManagerSimulado, UnaMarcacionFallidaNoEsUnaLlamadaYUnRechazoSeExpl
     plataforma.marcador->Marcar("Movistar 3G");
     EXPECT_EQ(plataforma.marcador->UltimoResultado(), -1);
     EXPECT_EQ(Hasta(-1), Estados{-1});
-    EXPECT_EQ(plataforma.conexiones->Aviso(),
-              "NetworkManager no ha podido activar \"Movistar 3G\": no hay ningun modem o "
-              "dispositivo que pueda usarla.");
+    EXPECT_EQ(l.Aviso, "NetworkManager no ha podido activar \"Movistar 3G\": no hay ningun modem o "
+                       "dispositivo que pueda usarla.");
 }
 
 TEST_F(NetworkManagerSimulado, UnReinicioDeNetworkManagerNoCortaNiDuplicaLaLlamada) {
@@ -212,7 +214,7 @@ TEST_F(NetworkManagerSimulado, UnReinicioDeNetworkManagerNoCortaNiDuplicaLaLlama
     const std::string otra = AñadirConexion("Movistar 3G", "gsm", "uuid-movistar");
     Activar(otra, AñadirModem("wwan0", "wwan0", {sdbus::ObjectPath(otra)}));
     EXPECT_EQ(Durante(200ms), Estados{2});
-    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+    EXPECT_EQ(l.EntryName, "Movistar 3G");
 
     EXPECT_EQ(plataforma.marcador->Colgar("Movistar 3G"), 1);
     EXPECT_EQ(Hasta(0), Estados{0});
@@ -225,7 +227,7 @@ TEST_F(NetworkManagerSimulado, LaLlamadaTerminaSiTrasElReinicioElEnlaceYaNoEsta)
     EXPECT_EQ(Durante(50ms), Estados{2});
     ArrancarNetworkManager();
     EXPECT_EQ(Hasta(0), Estados{0});
-    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+    EXPECT_EQ(l.EntryName, "Movistar 3G");
 }
 
 TEST_F(NetworkManagerSimulado, SinNetworkManagerLaLlamadaAcabaCuandoCaeSuInterfaz) {
@@ -235,7 +237,7 @@ TEST_F(NetworkManagerSimulado, SinNetworkManagerLaLlamadaAcabaCuandoCaeSuInterfa
     EXPECT_EQ(Durante(50ms), Estados{2});
     std::filesystem::remove_all(dir / "sys" / "class" / "net" / "wwan0");
     EXPECT_EQ(Hasta(0), Estados{0});
-    EXPECT_EQ(plataforma.conexiones->EntryName(), "Movistar 3G");
+    EXPECT_EQ(l.EntryName, "Movistar 3G");
     // Back without the link: the call has ended already, once.
     ArrancarNetworkManager();
     EXPECT_EQ(Durante(100ms), Estados{0});

@@ -38,8 +38,8 @@ void Enviar(const std::string& destino) {
     ::close(s);
 }
 
-std::string Texto(const std::optional<Trafico>& t, bool recibidos) {
-    return t ? std::to_string(recibidos ? t->recibidos : t->enviados) : "-";
+std::string Texto(const std::optional<std::uint64_t>& bytes) {
+    return bytes ? std::to_string(*bytes) : "-";
 }
 
 } // namespace
@@ -48,12 +48,11 @@ int main(int argc, char** argv) {
     FuenteConexionesLinux fuente{RaicesLinux{}};
     std::uint64_t enviados = 0;
     auto mirar = [&] {
-        fuente.Actualizar();
-        const auto b = fuente.Bytes();
-        enviados = b ? b->enviados : 0;
-        std::cout << fuente.IntState() << ' ' << fuente.Count() << ' '
-                  << (fuente.EntryName().empty() ? "-" : fuente.EntryName()) << ' '
-                  << Texto(b, true) << ' ' << Texto(b, false) << std::endl;
+        const LecturaConexion l = fuente.Leer();
+        enviados = l.Enviados.value_or(0);
+        std::cout << l.IntState << ' ' << l.Count << ' '
+                  << (l.EntryName.empty() ? "-" : l.EntryName) << ' ' << Texto(l.Recibidos) << ' '
+                  << Texto(l.Enviados) << std::endl;
     };
     for (int i = 1; i < argc; ++i) {
         const std::string paso = argv[i];
@@ -68,8 +67,8 @@ int main(int argc, char** argv) {
         } else if (paso.rfind("hasta-tx:", 0) == 0) {
             const std::uint64_t meta = enviados + std::stoull(valor);
             for (int n = 0; n < 40; ++n) {
-                fuente.Actualizar();
-                if (fuente.Bytes() && fuente.Bytes()->enviados >= meta) {
+                const auto tx = fuente.Leer().Enviados;
+                if (tx && *tx >= meta) {
                     break;
                 }
                 std::this_thread::sleep_for(std::chrono::milliseconds(50));

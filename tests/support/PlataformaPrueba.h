@@ -5,9 +5,9 @@
 // the machine is touched.
 
 #include "platform/Plataforma.h"
-#include "platform/simulated/CargaAlIniciarEnMemoria.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,14 +16,15 @@ namespace vorimesk::prueba {
 class SistemaPrueba final : public FuenteConexiones,
                             public Marcador,
                             public ListaEntradas,
-                            public ListaModems {
+                            public ListaModems,
+                            public CargaAlIniciar {
 public:
-    void Actualizar() override {}
-    int Count() const override { return estado == kNada || estado == kDesconectado ? 0 : 1; }
-    int IntState() const override { return estado; }
-    std::string EntryName() const override { return estado == kNada ? std::string() : entrada; }
-    std::optional<Trafico> Bytes() const override { return std::nullopt; }
-    std::string Aviso() const override { return aviso; }
+    LecturaConexion Leer() override {
+        const bool activa =
+            estado != LecturaConexion::kNada && estado != LecturaConexion::kDesconectado;
+        return {activa ? 1 : 0, estado, estado == LecturaConexion::kNada ? std::string() : entrada,
+                aviso};
+    }
 
     void Marcar(const std::string& entrada) override { marcadas.push_back(entrada); }
     int Colgar(const std::string& e) override {
@@ -35,18 +36,26 @@ public:
     std::vector<std::string> Entradas() const override { return entradas; }
     std::vector<Modem> Modems() const override { return modems; }
 
+    void Activar(const std::filesystem::path&,
+                 const std::vector<std::string>& argumentos) override {
+        cargaAlIniciar = argumentos;
+    }
+    void Desactivar() override { cargaAlIniciar.reset(); }
+    bool Activada() const override { return cargaAlIniciar.has_value(); }
+
     std::vector<std::string> entradas;
     std::vector<Modem> modems;
     std::vector<std::string> marcadas;
     std::vector<std::string> colgadas;
-    int estado = kNada;
+    int estado = LecturaConexion::kNada;
     std::string entrada;
     std::string aviso;
+    // The options the login start was registered with; none while off.
+    std::optional<std::vector<std::string>> cargaAlIniciar;
 };
 
 struct PlataformaPrueba {
     std::shared_ptr<SistemaPrueba> sistema = std::make_shared<SistemaPrueba>();
-    std::shared_ptr<CargaAlIniciarEnMemoria> carga = std::make_shared<CargaAlIniciarEnMemoria>();
 
     Plataforma Crear() const {
         Plataforma p;
@@ -54,7 +63,7 @@ struct PlataformaPrueba {
         p.marcador = sistema;
         p.entradas = sistema;
         p.modems = sistema;
-        p.cargaAlIniciar = carga;
+        p.cargaAlIniciar = sistema;
         p.origen = origen;
         return p;
     }

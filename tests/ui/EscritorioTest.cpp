@@ -134,14 +134,14 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     EscribirAjustes(s);
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
     EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Sin conexion.");
     QApplication::processEvents();
     const QRect medidor = MarcoMedidor(*v)->geometry();
     const QRect boton = Control<QPushButton>(v.get(), "cmdConexion")->geometry();
     for (int i = 0; i < 10; ++i) {
-        Tick(*v, SistemaPrueba::kConectado);
+        Tick(*v, LecturaConexion::kConectado);
     }
     EXPECT_EQ(Control<QLabel>(v.get(), "lMsgEstado")->text(), "Conectado.");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
@@ -152,8 +152,8 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
     EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
     EXPECT_EQ(MarcoMedidor(*v)->geometry(), medidor);
     EXPECT_EQ(Control<QPushButton>(v.get(), "cmdConexion")->geometry(), boton);
-    Tick(*v, SistemaPrueba::kDesconectado);
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kDesconectado);
+    Tick(*v, LecturaConexion::kNada);
     // The figures left are the last call's, and the panel says so.
     EXPECT_TRUE(Control<QLabel>(v.get(), "lMsgEstado")->isVisible());
     EXPECT_FALSE(Control<QLabel>(v.get(), "lMsgEstado")->text().isEmpty());
@@ -163,7 +163,7 @@ TEST_F(Escritorio, SinLlamadaElPanelDiceSuEstadoYLaUltimaLlamadaSeNombra) {
 
     // Dialling again clears them: the meter starts from nothing.
     Control<QPushButton>(v.get(), "cmdConexion")->click();
-    Tick(*v, SistemaPrueba::kConectando);
+    Tick(*v, LecturaConexion::kConectando);
     EXPECT_EQ(Control<QLabel>(v.get(), "lTiempo")->text(), "00:00:00");
     EXPECT_EQ(Control<QLabel>(v.get(), "lGasto")->text(), "0,00");
     EXPECT_EQ(MarcoMedidor(*v)->title(), "Llamada en curso");
@@ -188,13 +188,13 @@ TEST_F(Escritorio, ConectarSinConexionesYMarcadoQueNoLlega) {
     v->AlActivar();
     EXPECT_TRUE(conectar->isEnabled());
     EXPECT_FALSE(estado->isVisible());
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     conectar->click();
     for (int i = 0; i < 29; ++i) {
-        Tick(*v, SistemaPrueba::kNada);
+        Tick(*v, LecturaConexion::kNada);
     }
     EXPECT_TRUE(conectar->isChecked()); // 29 s: still waiting
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     EXPECT_FALSE(conectar->isChecked());
     EXPECT_EQ(conectar->text(), "Co&nectar");
     EXPECT_EQ(v->statusBar()->currentMessage(),
@@ -203,7 +203,7 @@ TEST_F(Escritorio, ConectarSinConexionesYMarcadoQueNoLlega) {
     // A refusal is told at once.
     conectar->click();
     plataforma.sistema->aviso = "pon: no existe el par \"Casa\".";
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     EXPECT_FALSE(conectar->isChecked());
     EXPECT_EQ(v->statusBar()->currentMessage(),
               "No se ha podido conectar con \"Casa\": pon: no existe el par \"Casa\".");
@@ -237,7 +237,7 @@ TEST_F(Escritorio, UnaLlamadaConTarifaDesconocidaLoDice) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
     for (int i = 0; i < 6; ++i) {
-        Tick(*v, SistemaPrueba::kConectado);
+        Tick(*v, LecturaConexion::kConectado);
     }
     EXPECT_EQ(Control<QLabel>(Control<PanelConexion>(v.get(), "panel"), "lTiempo")->text(),
               "00:00:05");
@@ -256,13 +256,13 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
     QAction* desconectar = Control<QAction>(v.get(), "mnuDesconectar");
 
     // "&Conectar con" picks the entry in the list and dials it.
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     Control<QMenu>(v.get(), "mnuCon")->actions()[1]->trigger();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Trabajo"});
     EXPECT_EQ(Control<PanelConexion>(v.get(), "panel")->EntradaElegida(), "Trabajo");
 
     for (int i = 0; i < 75; ++i) {
-        Tick(*v, SistemaPrueba::kConectado);
+        Tick(*v, LecturaConexion::kConectado);
     }
     // Shown on connecting, beside the normal window, with the meter's figures.
     ASSERT_NE(v->Mini(), nullptr);
@@ -283,10 +283,10 @@ TEST_F(Escritorio, LaLlamadaSeVeEnLaMiniVentanaYElMenuDeLaBandeja) {
 TEST_F(Escritorio, ElBotonDeConexionMarcaYCuelga) {
     plataforma.sistema->entradas = {"Casa"};
     auto v = AbrirVisible();
-    Tick(*v, SistemaPrueba::kNada);
+    Tick(*v, LecturaConexion::kNada);
     Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->marcadas, std::vector<std::string>{"Casa"});
-    Tick(*v, SistemaPrueba::kConectado);
+    Tick(*v, LecturaConexion::kConectado);
     EXPECT_TRUE(v->Monitor().LlamadaAbierta());
     Control<QPushButton>(v.get(), "cmdConexion")->click();
     EXPECT_EQ(plataforma.sistema->colgadas, std::vector<std::string>{"Casa"});

@@ -76,7 +76,7 @@ TEST_F(Ventana, LaCargaMuestraElPeriodoActualConSusTotales) {
     // Modem; nothing is written at load, the login entry of a build
     // folder's program neither.
     EXPECT_EQ(v->Datos().Registro.NombreLog(), (dir / "modemlog.txt").string());
-    EXPECT_FALSE(plataforma.carga->Activada());
+    EXPECT_FALSE(plataforma.sistema->cargaAlIniciar);
     EXPECT_EQ(Leer(dir / "Varibles.Dat"), EscribirTextoVariables(AjustesCon()));
     EXPECT_FALSE(Existe(dir / "RegDat.bak"));
 }
@@ -88,7 +88,8 @@ TEST_F(Ventana, LaCargaAlIniciarEsDelProgramaInstaladoYSePreguntaUnaVez) {
     ejecutable = "/usr/bin/vorimesk";
     demostracion = true;
     Abrir();
-    EXPECT_FALSE(plataforma.carga->Activada()); // ni la demostracion ni la carpeta de compilacion
+    // ni la demostracion ni la carpeta de compilacion
+    EXPECT_FALSE(plataforma.sistema->cargaAlIniciar);
 
     demostracion = false;
     RespuestasDialogo respuestas;
@@ -98,7 +99,7 @@ TEST_F(Ventana, LaCargaAlIniciarEsDelProgramaInstaladoYSePreguntaUnaVez) {
     EXPECT_EQ(respuestas.Vistas()[0].texto.toStdString(),
               "¿Desea que Vorimesk se cargue cada vez que inicie la sesion?\nSe puede cambiar "
               "cuando quiera en Opciones, \"Cargar al iniciar la sesion.\"");
-    EXPECT_FALSE(plataforma.carga->Activada());
+    EXPECT_FALSE(plataforma.sistema->cargaAlIniciar);
     EXPECT_FALSE(Control<QCheckBox>(v.get(), "Check7")->isChecked());
     EXPECT_FALSE(Existe(dir / "Varibles.Dat")); // the answer is saved at exit, as the option
     v.reset();
@@ -108,12 +109,12 @@ TEST_F(Ventana, LaCargaAlIniciarEsDelProgramaInstaladoYSePreguntaUnaVez) {
     EscribirAjustes(ValoresPorDefecto());
     Abrir();
     EXPECT_EQ(respuestas.Vistas().size(), 1u);
-    EXPECT_TRUE(plataforma.carga->Activada());
-    EXPECT_EQ(plataforma.carga->Argumentos(), (std::vector<std::string>{"--datos", dir.string()}));
+    EXPECT_EQ(plataforma.sistema->cargaAlIniciar,
+              (std::vector<std::string>{"--datos", dir.string()}));
 }
 
 TEST_F(Ventana, UnaCarpetaSinRegistroNiAjustes) {
-    plataforma.carga->Desactivar();
+    plataforma.sistema->cargaAlIniciar.reset();
     auto v = Abrir();
     // The register file is created empty; the settings are the defaults.
     EXPECT_TRUE(Existe(dir / "RegDat.log"));
@@ -273,10 +274,10 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     };
 
     AnexarModemLog(log, BloqueSubida(reloj.Ahora(), {"ppp0", "/dev/ttyS0", "Casa", ""}));
-    tick(SistemaPrueba::kConectado);
+    tick(LecturaConexion::kConectado);
     EXPECT_FALSE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
     for (int i = 0; i < 40; ++i) {
-        tick(SistemaPrueba::kConectado);
+        tick(LecturaConexion::kConectado);
     }
     // Connecting and passing 30 seconds sound once each; ticking the time
     // alert's box again lets it sound once more.
@@ -285,11 +286,11 @@ TEST_F(Ventana, UnaLlamadaDelSistemaLlegaAlRegistroYALaRejilla) {
     EXPECT_EQ(sonidos[1][0].toInt(), int(MotivoAviso::Tiempo));
     Control<QCheckBox>(v.get(), "Check3")->click();
     Control<QCheckBox>(v.get(), "Check3")->click();
-    tick(SistemaPrueba::kConectado);
+    tick(LecturaConexion::kConectado);
     EXPECT_EQ(sonidos.count(), 3);
 
     AnexarModemLog(log, BloqueBajada(reloj.Ahora(), {4096, 2048}));
-    tick(SistemaPrueba::kDesconectado);
+    tick(LecturaConexion::kDesconectado);
     EXPECT_TRUE(Control<QListWidget>(v.get(), "listaConexiones")->isEnabled());
     // The call is in the file and in the grid of the period.
     Log guardado(dir);

@@ -278,7 +278,7 @@ bool CapturarVentana(const QString& carpeta) {
     // A call to "Casa" twelve minutes in, with the mini window and the tray
     // menu as they are during it.
     capturas.push_back({"principal-llamada", [&] {
-                            plataforma.sistema->estado = SistemaPrueba::kConectado;
+                            plataforma.sistema->estado = LecturaConexion::kConectado;
                             plataforma.sistema->entrada = "Casa";
                             for (int i = 0; i < 12; ++i) {
                                 ventana.TickEstado();
@@ -302,9 +302,9 @@ bool CapturarVentana(const QString& carpeta) {
                         }});
     // The call over: the panel says the state and names the last call.
     capturas.push_back({"principal-tras-llamada", [&] {
-                            plataforma.sistema->estado = SistemaPrueba::kDesconectado;
+                            plataforma.sistema->estado = LecturaConexion::kDesconectado;
                             ventana.TickEstado();
-                            plataforma.sistema->estado = SistemaPrueba::kNada;
+                            plataforma.sistema->estado = LecturaConexion::kNada;
                             kReloj.Avanzar(1);
                             ventana.TickEstado();
                             return static_cast<QWidget*>(&ventana);
@@ -312,7 +312,7 @@ bool CapturarVentana(const QString& carpeta) {
     // An entry whose tariff the book does not hold.
     capturas.push_back({"principal-tarifa-desconocida", [&] {
                             ventana.Datos().Ajustes.EntradasConexion[1].Tarifa = "Borrada";
-                            plataforma.sistema->estado = SistemaPrueba::kConectado;
+                            plataforma.sistema->estado = LecturaConexion::kConectado;
                             plataforma.sistema->entrada = "Trabajo";
                             for (int i = 0; i < 3; ++i) {
                                 kReloj.Avanzar(20);

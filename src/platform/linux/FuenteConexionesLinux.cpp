@@ -6,15 +6,6 @@ namespace vorimesk {
 
 FuenteConexionesLinux::FuenteConexionesLinux(RaicesLinux raices) : lector_(std::move(raices)) {}
 
-void FuenteConexionesLinux::Fijar(int count, int estado, std::string entrada,
-                                  std::optional<Trafico> bytes, SesionEnlace sesion) {
-    count_ = count;
-    estado_ = estado;
-    entrada_ = std::move(entrada);
-    bytes_ = bytes;
-    sesion_ = std::move(sesion);
-}
-
 // Same name, and no sign of a re-created interface or of another pppd: an
 // index or pid not known on one of the two looks does not tell them apart.
 bool FuenteConexionesLinux::EsLaVigilada(const EnlacePpp& e) const {
@@ -40,7 +31,7 @@ std::optional<Trafico> FuenteConexionesLinux::DesdeBase(std::optional<Trafico> b
                    resta(bytes->enviados, base_->enviados)};
 }
 
-void FuenteConexionesLinux::FinDeLlamada(int count) {
+LecturaConexion FuenteConexionesLinux::FinDeLlamada(int count) {
     // A link taken down by hand keeps its interface and final counters; one
     // pppd removed has taken them with it, so the last ones seen stand. A
     // re-created interface holds the new session's counters: not these.
@@ -51,37 +42,34 @@ void FuenteConexionesLinux::FinDeLlamada(int count) {
     }
     const SesionEnlace terminada = *vigilada_;
     vigilada_.reset();
-    Fijar(count, kDesconectado, entradaVigilada_, bytesVigilada_, terminada);
+    return Lectura(count, LecturaConexion::kDesconectado, entradaVigilada_, bytesVigilada_,
+                   terminada);
 }
 
-void FuenteConexionesLinux::Actualizar() {
+LecturaConexion FuenteConexionesLinux::Leer() {
     auto enlaces = lector_.Enlaces();
     const int count = static_cast<int>(enlaces.size());
     if (vigilada_) {
         const auto sigue = std::find_if(enlaces.begin(), enlaces.end(),
                                         [&](const EnlacePpp& e) { return EsLaVigilada(e); });
         if (sigue == enlaces.end()) {
-            FinDeLlamada(count);
-            return;
+            return FinDeLlamada(count);
         }
         std::rotate(enlaces.begin(), sigue, sigue + 1);
     }
     if (enlaces.empty()) {
-        Fijar(0, kNada, {}, std::nullopt);
-        return;
+        return {};
     }
     const EnlacePpp& primero = enlaces.front();
     if (!primero.arriba) {
-        Fijar(count, kConectando, primero.entrada, std::nullopt);
-        return;
+        return Lectura(count, LecturaConexion::kConectando, primero.entrada, std::nullopt);
     }
     if (!vigilada_ && primero.pid == 0) {
         // pppd makes the interface before it writes its pid file: until
         // then the link is not known to be that pppd's, and a call opened
         // now would carry the interface's name instead of the peer's.
         if (const EnlacePpp* pppd = PppdSinInterfaz(enlaces)) {
-            Fijar(count, kConectando, pppd->entrada, std::nullopt);
-            return;
+            return Lectura(count, LecturaConexion::kConectando, pppd->entrada, std::nullopt);
         }
     }
     auto bytes = lector_.Bytes(primero.interfaz);
@@ -101,7 +89,7 @@ void FuenteConexionesLinux::Actualizar() {
     if (bytes) {
         bytesVigilada_ = bytes;
     }
-    Fijar(count, kConectado, primero.entrada, bytes, *vigilada_);
+    return Lectura(count, LecturaConexion::kConectado, primero.entrada, bytes, *vigilada_);
 }
 
 } // namespace vorimesk

@@ -23,21 +23,10 @@ class FuenteConexionesLinux final : public FuenteConexiones {
 public:
     explicit FuenteConexionesLinux(RaicesLinux raices);
 
-    void Actualizar() override;
-    int Count() const override { return count_; }
-    int IntState() const override { return estado_; }
-    std::string EntryName() const override { return entrada_; }
-    std::optional<Trafico> Bytes() const override { return bytes_; }
-    std::string Interfaz() const override {
-        return vigilada_ ? vigilada_->interfaz : std::string();
-    }
-    OrigenEnlace Origen() const override { return OrigenEnlace::Pppd; }
-    SesionEnlace Sesion() const override { return sesion_; }
+    LecturaConexion Leer() override;
 
 private:
-    void FinDeLlamada(int count);
-    void Fijar(int count, int estado, std::string entrada, std::optional<Trafico> bytes,
-               SesionEnlace sesion = {});
+    LecturaConexion FinDeLlamada(int count);
     bool EsLaVigilada(const EnlacePpp& e) const;
     static const EnlacePpp* PppdSinInterfaz(const std::vector<EnlacePpp>& enlaces);
     std::optional<Trafico> DesdeBase(std::optional<Trafico> bytes) const;
@@ -49,12 +38,6 @@ private:
     std::string entradaVigilada_;
     std::optional<Trafico> bytesVigilada_;
     std::optional<Trafico> base_; // a demand link's counters at its mark
-
-    int count_ = 0;
-    int estado_ = kNada;
-    std::string entrada_;
-    std::optional<Trafico> bytes_;
-    SesionEnlace sesion_;
 };
 
 } // namespace vorimesk

@@ -25,21 +25,22 @@ bool FuenteConexionesNM::InterfazPerdida() const {
            !std::filesystem::exists(sys_ / "class" / "net" / vigilada_->interfaz, ec);
 }
 
-void FuenteConexionesNM::Fijar(int count, int estado, const std::string& entrada,
-                               const std::string& interfaz, std::optional<Trafico> bytes) {
+LecturaConexion FuenteConexionesNM::Fijar(int count, int estado, const std::string& entrada,
+                                          const std::string& interfaz,
+                                          std::optional<Trafico> bytes) {
     count_ = count;
-    estado_ = estado;
-    entrada_ = entrada;
-    interfaz_ = interfaz;
-    bytes_ = bytes;
+    LecturaConexion l = Lectura(count, estado, entrada, bytes);
+    l.Interfaz = interfaz;
+    return l;
 }
 
-void FuenteConexionesNM::FinDeLlamada(int count) {
+LecturaConexion FuenteConexionesNM::FinDeLlamada(int count) {
     cliente_->Refresco(vigilada_->dispositivo, 0);
     ultima_ = *vigilada_;
     vigilada_.reset();
     trasLlamada_ = true;
-    Fijar(count, kDesconectado, ultima_.id, ultima_.interfaz, ultima_.bytes);
+    return Fijar(count, LecturaConexion::kDesconectado, ultima_.id, ultima_.interfaz,
+                 ultima_.bytes);
 }
 
 // Finds the watched call among the links and puts it first. The same
@@ -78,42 +79,44 @@ void FuenteConexionesNM::Vigilar(const ActivaNM& a) {
     vigilada_->reinicios = cliente_->Reinicios();
 }
 
-void FuenteConexionesNM::Actualizar() {
+LecturaConexion FuenteConexionesNM::Leer() {
+    LecturaConexion l = Mirar();
+    l.Aviso = cliente_->Aviso();
+    l.ConDiario = false;
+    return l;
+}
+
+LecturaConexion FuenteConexionesNM::Mirar() {
     cliente_->Bombear();
     if (vigilada_ && (!cliente_->Presente() || cliente_->Iniciando())) {
         if (InterfazPerdida()) {
-            FinDeLlamada(0);
-            return;
+            return FinDeLlamada(0);
         }
         // Nothing more can be told until NetworkManager is back: the call goes on.
-        Fijar(std::max(count_, 1), kConectado, vigilada_->id, vigilada_->interfaz,
-              vigilada_->bytes);
-        return;
+        return Fijar(std::max(count_, 1), LecturaConexion::kConectado, vigilada_->id,
+                     vigilada_->interfaz, vigilada_->bytes);
     }
     std::vector<ActivaNM> enlaces;
     std::copy_if(cliente_->Activas().begin(), cliente_->Activas().end(),
                  std::back_inserter(enlaces), Viva);
     const int count = static_cast<int>(enlaces.size());
     if (vigilada_ && !SigueArriba(enlaces)) {
-        FinDeLlamada(count);
-        return;
+        return FinDeLlamada(count);
     }
     if (enlaces.empty()) {
-        if (trasLlamada_) {
-            Fijar(0, kDesconectado, ultima_.id, ultima_.interfaz, ultima_.bytes);
-        } else {
-            Fijar(0, kNada, {}, {}, std::nullopt);
-        }
-        return;
+        return trasLlamada_ ? Fijar(0, LecturaConexion::kDesconectado, ultima_.id, ultima_.interfaz,
+                                    ultima_.bytes)
+                            : Fijar(0, LecturaConexion::kNada, {}, {}, std::nullopt);
     }
     trasLlamada_ = false;
     const ActivaNM& primero = enlaces.front();
     if (primero.estado != ClienteNM::kActivada) {
-        Fijar(count, kConectando, primero.id, primero.interfaz, std::nullopt);
-        return;
+        return Fijar(count, LecturaConexion::kConectando, primero.id, primero.interfaz,
+                     std::nullopt);
     }
     Vigilar(primero);
-    Fijar(count, kConectado, vigilada_->id, vigilada_->interfaz, vigilada_->bytes);
+    return Fijar(count, LecturaConexion::kConectado, vigilada_->id, vigilada_->interfaz,
+                 vigilada_->bytes);
 }
 
 } // namespace vorimesk

@@ -22,14 +22,9 @@ public:
     // `sys` is where the network interfaces are looked for (/sys).
     FuenteConexionesNM(std::shared_ptr<ClienteNM> cliente, std::filesystem::path sys);
 
-    void Actualizar() override;
-    int Count() const override { return count_; }
-    int IntState() const override { return estado_; }
-    std::string EntryName() const override { return entrada_; }
-    std::optional<Trafico> Bytes() const override { return bytes_; }
-    std::string Interfaz() const override { return interfaz_; }
-    OrigenEnlace Origen() const override { return OrigenEnlace::NetworkManager; }
-    std::string Aviso() const override { return cliente_->Aviso(); }
+    // The reading carries NetworkManager's refusal of the last dial or
+    // hang-up, and never a journal: its links get no pppd hook session.
+    LecturaConexion Leer() override;
 
 private:
     struct Vigilada {
@@ -45,21 +40,17 @@ private:
     bool SigueArriba(std::vector<ActivaNM>& enlaces);
     bool InterfazPerdida() const;
     void Vigilar(const ActivaNM& a);
-    void FinDeLlamada(int count);
-    void Fijar(int count, int estado, const std::string& entrada, const std::string& interfaz,
-               std::optional<Trafico> bytes);
+    LecturaConexion Mirar();
+    LecturaConexion FinDeLlamada(int count);
+    LecturaConexion Fijar(int count, int estado, const std::string& entrada,
+                          const std::string& interfaz, std::optional<Trafico> bytes);
 
     std::shared_ptr<ClienteNM> cliente_;
     std::filesystem::path sys_;
     std::optional<Vigilada> vigilada_;
     bool trasLlamada_ = false;
     Vigilada ultima_; // the call that ended last, for the state 0
-
-    int count_ = 0;
-    int estado_ = kNada;
-    std::string entrada_;
-    std::string interfaz_;
-    std::optional<Trafico> bytes_;
+    int count_ = 0;   // the links of the last look
 };
 
 } // namespace vorimesk

@@ -70,26 +70,25 @@ void ModemSimulado::Avanzar(Fecha ahora) {
     }
 }
 
-void ModemSimulado::Actualizar() {
+LecturaConexion ModemSimulado::Leer() {
     const Fecha ahora = reloj_.Ahora();
     Avanzar(ahora);
     if (EnCurso()) {
-        count_ = 1;
-        entrada_ = pasos_[paso_].entrada;
-        estado_ = subido_ ? kConectado : kConectando;
-        bytes_ = subido_ ? std::optional<Trafico>(TraficoHasta(ahora)) : std::nullopt;
+        const PasoGuion& p = pasos_[paso_];
+        if (!subido_) {
+            return Lectura(1, LecturaConexion::kConectando, p.entrada, std::nullopt);
+        }
         // Every step is a session of its own, as a re-created interface is.
-        sesion_ = subido_ ? SesionEnlace{pasos_[paso_].interfaz, static_cast<long>(paso_) + 1, 0}
-                          : SesionEnlace{};
-        return;
+        return Lectura(1, LecturaConexion::kConectado, p.entrada, TraficoHasta(ahora),
+                       {p.interfaz, static_cast<long>(paso_) + 1, 0});
     }
     // The end of a call is told on one look, then the line is idle.
-    count_ = 0;
-    estado_ = trasLlamada_ ? kDesconectado : kNada;
-    entrada_ = trasLlamada_ ? entradaUltima_ : std::string();
-    bytes_ = trasLlamada_ ? std::optional<Trafico>(traficoUltimo_) : std::nullopt;
-    sesion_ = trasLlamada_ ? sesionUltima_ : SesionEnlace{};
+    if (!trasLlamada_) {
+        return {};
+    }
     trasLlamada_ = false;
+    return Lectura(0, LecturaConexion::kDesconectado, entradaUltima_, traficoUltimo_,
+                   sesionUltima_);
 }
 
 void ModemSimulado::Marcar(const std::string& entrada) {

@@ -27,12 +27,7 @@ public:
 
     // Plays the script up to now (writing the log) and looks at the result.
     // Throws ErrorArchivo when the log cannot be written.
-    void Actualizar() override;
-    int Count() const override { return count_; }
-    int IntState() const override { return estado_; }
-    std::string EntryName() const override { return entrada_; }
-    std::optional<Trafico> Bytes() const override { return bytes_; }
-    SesionEnlace Sesion() const override { return sesion_; }
+    LecturaConexion Leer() override;
 
     // The script decides when calls happen: a dial is only noted.
     void Marcar(const std::string& entrada) override;
@@ -67,12 +62,6 @@ private:
     std::string entradaUltima_;
     Trafico traficoUltimo_;
     SesionEnlace sesionUltima_;
-
-    int count_ = 0;
-    int estado_ = kNada;
-    std::string entrada_;
-    std::optional<Trafico> bytes_;
-    SesionEnlace sesion_;
 };
 
 } // namespace vorimesk
