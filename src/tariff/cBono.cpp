@@ -118,8 +118,11 @@ std::int16_t cBono::Grupo(std::int16_t i) const {
 }
 
 std::int16_t cBono::TipoDe(const Paquete& p) {
+    // Asked for every stretch of every priced call: padded once.
+    static const std::array<std::string, kTipos> rellenos = {
+        Relleno(kNombres[0]), Relleno(kNombres[1]), Relleno(kNombres[2]), Relleno(kNombres[3])};
     for (std::int16_t t = 0; t < kTipos; ++t) {
-        if (p.tipo == Relleno(kNombres[static_cast<std::size_t>(t)])) {
+        if (p.tipo == rellenos[static_cast<std::size_t>(t)]) {
             return t;
         }
     }

@@ -223,9 +223,18 @@ void cLlamada::Valor(std::int16_t indice, std::string_view clave, double numero)
     Editar(indice).Valor(clave, numero);
 }
 
+std::int16_t cLlamada::TipoDia(Fecha momento) const {
+    const std::int64_t dia = momento.Dias();
+    if (!tipoDia_ || tipoDia_->first != dia) {
+        tipoDia_.emplace(dia, TipoDiaCalendario(momento, festivos_));
+    }
+    return tipoDia_->second;
+}
+
 std::int16_t cLlamada::TipoDiaCalendario(Fecha momento, const std::vector<Fecha>& festivos) {
+    const std::int64_t dia = momento.Dias();
     for (const Fecha& f : festivos) {
-        if (f.Dias() == momento.Dias()) {
+        if (f.Dias() == dia) {
             return 2;
         }
     }

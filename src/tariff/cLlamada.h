@@ -33,6 +33,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vorimesk {
@@ -76,7 +77,10 @@ public:
     void NombreTarifa(std::string nombre) { nombreTarifa_ = std::move(nombre); }
     // Holidays count on their own day, month and year only.
     const std::vector<Fecha>& Festivos() const { return festivos_; }
-    void Festivos(std::vector<Fecha> festivos) { festivos_ = std::move(festivos); }
+    void Festivos(std::vector<Fecha> festivos) {
+        festivos_ = std::move(festivos);
+        tipoDia_.reset();
+    }
 
     // Prices the call with the tariff `tarifa` (`NombreTarifa` when empty).
     // Returns false, leaving every result as it was, when the book has no
@@ -86,7 +90,7 @@ public:
     // again: for a batch of pricings over a book that cannot change meanwhile.
     void RecargarAlPreciar(bool recargar) { recargar_ = recargar; }
     // 0 "Semana", 1 "Sabado", 2 "Festivo" (Sundays and the holidays).
-    std::int16_t TipoDia(Fecha momento) const { return TipoDiaCalendario(momento, festivos_); }
+    std::int16_t TipoDia(Fecha momento) const;
     static std::int16_t TipoDiaCalendario(Fecha momento, const std::vector<Fecha>& festivos);
 
     float importe() const { return importe_; }
@@ -142,6 +146,9 @@ private:
     std::vector<RegistroTarifa> tarifas_ = std::vector<RegistroTarifa>(1);
     mutable std::vector<std::optional<Precios>> precios_;
     std::vector<Fecha> festivos_;
+    // The last day asked for and its type: a stretch asks for its day's
+    // type several times.
+    mutable std::optional<std::pair<std::int64_t, std::int16_t>> tipoDia_;
     std::string nombreTarifa_;
     bool recargar_ = true;
 
