@@ -18,9 +18,9 @@ const Reloj& RelojDe(const OpcionesPlataforma& o) {
 
 Contador::Contador(const OpcionesPlataforma& opciones, Plataforma plataforma)
     : opciones_(opciones), reloj_(RelojDe(opciones)), sesion_(opciones.carpetaDatos, reloj_),
-      plataforma_(std::move(plataforma)), linea_(*plataforma_.marcador),
+      plataforma_(std::move(plataforma)),
       monitor_(reloj_, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
-               sesion_.RegistroDelMonitor(), linea_, opciones.carpetaDatos) {}
+               sesion_.RegistroDelMonitor(), *plataforma_.marcador, opciones.carpetaDatos) {}
 
 std::vector<std::string> Contador::EntradasDelSistema() const {
     return plataforma_.entradas->Entradas();
@@ -96,7 +96,7 @@ Contador::Sucesos Contador::Paso() {
 }
 
 void Contador::Marcar(const std::string& entrada) {
-    linea_.Marcar(entrada);
+    plataforma_.marcador->Marcar(entrada);
 }
 
 Contador::Sucesos Contador::Pulsar(const std::string& entrada) {

@@ -9,7 +9,6 @@
 #include "meter/ObservadorContador.h"
 #include "monitor/EsperaMarcado.h"
 #include "monitor/MonitorConexion.h"
-#include "platform/LineaPlataforma.h"
 #include "platform/Plataforma.h"
 #include "session/Sesion.h"
 
@@ -93,7 +92,6 @@ private:
     const Reloj& reloj_;
     Sesion sesion_;
     Plataforma plataforma_;
-    LineaPlataforma linea_;
     MonitorConexion monitor_;
     EsperaMarcado esperaMarcado_;
     LecturaConexion lectura_{};
