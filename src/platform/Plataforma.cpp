@@ -13,11 +13,11 @@
 #include "platform/simulated/ModemSimulado.h"
 
 #ifdef VORIMESK_CON_NM
-#include "platform/EntradasCombinadas.h"
-#include "platform/FuenteConexionesCombinada.h"
-#include "platform/MarcadorCombinado.h"
+#include "platform/networkmanager/EntradasCombinadas.h"
 #include "platform/networkmanager/EntradasNM.h"
+#include "platform/networkmanager/FuenteConexionesCombinada.h"
 #include "platform/networkmanager/FuenteConexionesNM.h"
+#include "platform/networkmanager/MarcadorCombinado.h"
 #include "platform/networkmanager/ModemsMM.h"
 #endif
 
