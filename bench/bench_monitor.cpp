@@ -30,10 +30,11 @@ public:
     }
 };
 
-class LineaQuieta final : public LineaMonitor {
+class MarcadorQuieto final : public Marcador {
 public:
     void Marcar(const std::string&) override {}
-    void Colgar(const std::string&) override {}
+    int Colgar(const std::string&) override { return 0; }
+    int UltimoResultado() const override { return 0; }
 };
 
 void Tick72Horas(benchmark::State& estado, const char* descuento, bool completo) {
@@ -49,8 +50,8 @@ void Tick72Horas(benchmark::State& estado, const char* descuento, bool completo)
     bono.DarAlta(2, Fecha::Crear(2026, 3, 1));
     colConexion pendientes;
     RegistroQuieto registro;
-    LineaQuieta linea;
-    MonitorConexion monitor(reloj, ajustes, bono, pendientes, registro, linea, carpeta.Dir());
+    MarcadorQuieto marcador;
+    MonitorConexion monitor(reloj, ajustes, bono, pendientes, registro, marcador, carpeta.Dir());
     const LecturaConexion conectado{1, LecturaConexion::kConectado, "Casa"};
     monitor.Tick(conectado);
     reloj.Avanzar(72 * 3600);

@@ -18,9 +18,11 @@ const Reloj& RelojDe(const OpcionesPlataforma& o) {
 
 Contador::Contador(const OpcionesPlataforma& opciones, Plataforma plataforma)
     : opciones_(opciones), reloj_(RelojDe(opciones)), sesion_(opciones.carpetaDatos, reloj_),
-      plataforma_(std::move(plataforma)), linea_(*plataforma_.marcador),
+      plataforma_(std::move(plataforma)),
       monitor_(reloj_, sesion_.Ajustes(), sesion_.Bono(), sesion_.Pendientes(),
-               sesion_.RegistroDelMonitor(), linea_, opciones.carpetaDatos),
+               sesion_.RegistroDelMonitor(), *plataforma_.marcador, opciones.carpetaDatos,
+               // One book for the register and the live call: the session's.
+               MonitorConexion::Opciones{EsperaLogModem::kSegundosPorDefecto, &sesion_.Libro()}),
       limites_(opciones.carpetaDatos) {}
 
 std::vector<std::string> Contador::EntradasDelSistema() const {
@@ -128,7 +130,7 @@ Contador::Sucesos Contador::Marcar(const std::string& entrada, bool forzar) {
     if (const auto rechazo = RechazoLimite(entrada, forzar)) {
         return Hecho({{SucesoMonitor::Tipo::MarcadoRechazado, *rechazo}});
     }
-    linea_.Marcar(entrada);
+    plataforma_.marcador->Marcar(entrada);
     return {};
 }
 

@@ -10,7 +10,6 @@
 #include "meter/ObservadorContador.h"
 #include "monitor/EsperaMarcado.h"
 #include "monitor/MonitorConexion.h"
-#include "platform/LineaPlataforma.h"
 #include "platform/Plataforma.h"
 #include "session/Sesion.h"
 
@@ -101,7 +100,6 @@ private:
     const Reloj& reloj_;
     Sesion sesion_;
     Plataforma plataforma_;
-    LineaPlataforma linea_;
     MonitorConexion monitor_;
     EsperaMarcado esperaMarcado_;
     LimitesContador limites_;

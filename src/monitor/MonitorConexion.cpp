@@ -7,10 +7,10 @@ namespace vorimesk {
 
 MonitorConexion::MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& bono,
                                  colConexion& pendientes, RegistroMonitor& registro,
-                                 LineaMonitor& linea, std::filesystem::path carpetaDatos,
+                                 Marcador& marcador, std::filesystem::path carpetaDatos,
                                  Opciones opciones)
     : reloj_(reloj), ajustes_(ajustes), bono_(bono), pendientes_(pendientes), registro_(registro),
-      linea_(linea), carpeta_(std::move(carpetaDatos)), medidor_(ajustes, bono),
+      marcador_(marcador), carpeta_(std::move(carpetaDatos)), medidor_(ajustes, bono),
       espera_(opciones.esperaLogSegundos),
       propias_(carpeta_, opciones.esperaLogSegundos, reloj.Ahora()), libroPropio_(carpeta_),
       libroPrestado_(opciones.libro) {}
@@ -172,7 +172,7 @@ MonitorConexion::Sucesos MonitorConexion::Pulsar(const std::string& entradaElegi
     }
     pantalla_.BotonConexion = true;
     if (pantalla_.EstadoPantalla == EstadoDePantalla::SinConexion && !entradaElegida.empty()) {
-        linea_.Marcar(entradaElegida);
+        marcador_.Marcar(entradaElegida);
     }
     if (enganche_ == 0) {
         return s;
@@ -198,7 +198,7 @@ void MonitorConexion::AlSoltar(Sucesos& s) {
         // Only the user hangs up: a link that dropped by itself may belong to
         // a pppd about to redial (`persist`), which must be left alone.
         if (colgadoPorUsuario_) {
-            linea_.Colgar(entradaLlamada_);
+            marcador_.Colgar(entradaLlamada_);
         }
         enganche_ = 0;
         medidorActivo_ = false;

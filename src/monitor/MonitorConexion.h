@@ -42,8 +42,8 @@
 #include "EsperaLogModem.h"
 #include "LecturaConexion.h"
 #include "LecturaMedidor.h"
-#include "LineaMonitor.h"
 #include "LlamadasPropias.h"
+#include "Marcador.h"
 #include "MedidorLlamada.h"
 #include "PantallaMonitor.h"
 #include "RegistroMonitor.h"
@@ -87,12 +87,12 @@ public:
     // Everything is borrowed and must outlive the monitor. `carpetaDatos`
     // holds the tariff book "Tarifas.Dat".
     MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& bono, colConexion& pendientes,
-                    RegistroMonitor& registro, LineaMonitor& linea,
+                    RegistroMonitor& registro, Marcador& marcador,
                     std::filesystem::path carpetaDatos, Opciones opciones);
     MonitorConexion(const Reloj& reloj, Settings& ajustes, cBono& bono, colConexion& pendientes,
-                    RegistroMonitor& registro, LineaMonitor& linea,
+                    RegistroMonitor& registro, Marcador& marcador,
                     std::filesystem::path carpetaDatos)
-        : MonitorConexion(reloj, ajustes, bono, pendientes, registro, linea,
+        : MonitorConexion(reloj, ajustes, bono, pendientes, registro, marcador,
                           std::move(carpetaDatos), Opciones{}) {}
 
     // One second of the meter: the state timer, then the live meter while a
@@ -166,7 +166,7 @@ private:
     cBono& bono_;
     colConexion& pendientes_;
     RegistroMonitor& registro_;
-    LineaMonitor& linea_;
+    Marcador& marcador_;
     std::filesystem::path carpeta_;
 
     PantallaMonitor pantalla_;

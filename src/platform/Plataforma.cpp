@@ -9,17 +9,15 @@
 #include "platform/linux/MarcadorLinux.h"
 #include "platform/linux/ModemsLinux.h"
 #include "platform/linux/TomaDiarioPpp.h"
+#include "platform/networkmanager/ClienteNM.h"
+#include "platform/networkmanager/EntradasCombinadas.h"
+#include "platform/networkmanager/EntradasNM.h"
+#include "platform/networkmanager/FuenteConexionesCombinada.h"
+#include "platform/networkmanager/FuenteConexionesNM.h"
+#include "platform/networkmanager/MarcadorCombinado.h"
+#include "platform/networkmanager/ModemsMM.h"
 #include "platform/simulated/CargaAlIniciarEnMemoria.h"
 #include "platform/simulated/ModemSimulado.h"
-
-#ifdef VORIMESK_CON_NM
-#include "platform/EntradasCombinadas.h"
-#include "platform/FuenteConexionesCombinada.h"
-#include "platform/MarcadorCombinado.h"
-#include "platform/networkmanager/EntradasNM.h"
-#include "platform/networkmanager/FuenteConexionesNM.h"
-#include "platform/networkmanager/ModemsMM.h"
-#endif
 
 #include <cstdlib>
 
@@ -59,12 +57,7 @@ std::string OrigenPppd(const OpcionesPlataforma& o) {
 }
 
 bool ConNetworkManager(const OpcionesPlataforma& o) {
-#ifdef VORIMESK_CON_NM
     return o.networkManager && ClienteNM::Disponible();
-#else
-    (void)o;
-    return false;
-#endif
 }
 
 Plataforma Linux(const OpcionesPlataforma& o) {
@@ -86,7 +79,6 @@ Plataforma Linux(const OpcionesPlataforma& o) {
     return p;
 }
 
-#ifdef VORIMESK_CON_NM
 // NetworkManager's links beside pppd's: a peer started with "pon" on a
 // NetworkManager desktop is still a call.
 void AñadirNetworkManager(const OpcionesPlataforma& o, Plataforma& p) {
@@ -106,7 +98,6 @@ void AñadirNetworkManager(const OpcionesPlataforma& o, Plataforma& p) {
                                           RutaModemLogLinux(o.entorno.modemLog, o.carpetaDatos));
     p.origen = "Conexiones de NetworkManager y " + OrigenPppd(o);
 }
-#endif
 
 } // namespace
 
@@ -117,11 +108,9 @@ EntornoPlataforma EntornoPlataforma::Actual() {
 
 Plataforma CrearPlataforma(const OpcionesPlataforma& o) {
     Plataforma p = o.guion ? Simulada(o) : Linux(o);
-#ifdef VORIMESK_CON_NM
     if (!o.guion && ConNetworkManager(o)) {
         AñadirNetworkManager(o, p);
     }
-#endif
     if (o.guion) {
         p.origen = OrigenSimulado(o);
     }

@@ -4,13 +4,13 @@
 // rest of the program only sees the interfaces.
 
 #include "core/Reloj.h"
+#include "monitor/Marcador.h"
 #include "monitor/TomaDiario.h"
 #include "platform/CargaAlIniciar.h"
 #include "platform/FuenteConexiones.h"
 #include "platform/InstanciaUnica.h"
 #include "platform/ListaEntradas.h"
 #include "platform/ListaModems.h"
-#include "platform/Marcador.h"
 #include "platform/OrdenSistema.h"
 #include "platform/RaicesLinux.h"
 

@@ -68,8 +68,8 @@ Fecha RegistroFalso::DateConexion() const {
 
 void BancoMonitor::SetUp() {
     EscribirLibro(dir);
-    monitor =
-        std::make_unique<MonitorConexion>(reloj, ajustes, bono, pendientes, registro, linea, dir);
+    monitor = std::make_unique<MonitorConexion>(reloj, ajustes, bono, pendientes, registro,
+                                                marcador, dir);
 }
 
 MonitorConexion::Sucesos BancoMonitor::Tick(int estado, const std::string& entrada) {

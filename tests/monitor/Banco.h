@@ -1,6 +1,6 @@
 #pragma once
 // Lo que comparten las pruebas del monitor: una carpeta con un libro de
-// tarifas conocido, un registro y una linea de mentira y el monitor montado
+// tarifas conocido, un registro y un marcador de mentira y el monitor montado
 // sobre ellos con un reloj que se mueve a mano.
 
 #include "CarpetaTemporal.h"
@@ -71,10 +71,14 @@ public:
     SesionEnLog sesionEnLog = SesionEnLog::Ausente;
 };
 
-class LineaFalsa : public LineaMonitor {
+class MarcadorFalso : public Marcador {
 public:
     void Marcar(const std::string& entrada) override { marcadas.push_back(entrada); }
-    void Colgar(const std::string& entrada) override { colgadas.push_back(entrada); }
+    int Colgar(const std::string& entrada) override {
+        colgadas.push_back(entrada);
+        return 1;
+    }
+    int UltimoResultado() const override { return 0; }
     std::vector<std::string> marcadas;
     std::vector<std::string> colgadas;
 };
@@ -99,7 +103,7 @@ protected:
     cBono bono{reloj};
     colConexion pendientes;
     RegistroFalso registro;
-    LineaFalsa linea;
+    MarcadorFalso marcador;
     std::unique_ptr<MonitorConexion> monitor;
 };
 

@@ -105,9 +105,9 @@ TEST_F(Renovacion, ElMonitorLaAnunciaYMuestraLaFecha) {
     RelojFijo reloj(Dia(3, 20, 12));
     colConexion pendientes;
     RegistroFalso registro;
-    LineaFalsa linea;
+    MarcadorFalso marcador;
     ajustes.MesReinicio = 2;
-    MonitorConexion monitor(reloj, ajustes, bono, pendientes, registro, linea, "/nada");
+    MonitorConexion monitor(reloj, ajustes, bono, pendientes, registro, marcador, "/nada");
     const auto s = monitor.TickHora();
     ASSERT_EQ(s.size(), 1u);
     EXPECT_EQ(s[0].tipo, SucesoMonitor::Tipo::BonoRenovado);

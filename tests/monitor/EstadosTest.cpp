@@ -71,7 +71,7 @@ TEST_F(Estados, UnaMarcacionFallidaNoAbreLlamada) {
     s.insert(s.end(), fin.begin(), fin.end());
     EXPECT_EQ(Resumen(s), "");
     EXPECT_EQ(pendientes.Count(), 0);
-    EXPECT_TRUE(linea.colgadas.empty());
+    EXPECT_TRUE(marcador.colgadas.empty());
     EXPECT_EQ(registro.lecturas, 0);
     EXPECT_EQ(Codigo(Monitor().Pantalla().EstadoPantalla), 4);
 }
@@ -138,7 +138,7 @@ TEST_F(Estados, ElFinalCuelgaLeeElLogYVuelveAlReposo) {
     EXPECT_EQ(Sonidos(s), std::vector<MotivoAviso>{MotivoAviso::Desconectar});
     // El enlace cayo solo: no se le manda colgar (su pppd puede estar
     // volviendo a marcar).
-    EXPECT_TRUE(linea.colgadas.empty());
+    EXPECT_TRUE(marcador.colgadas.empty());
     EXPECT_EQ(Monitor().Enganche(), 0);
     EXPECT_FALSE(Monitor().MedidorActivo());
     // Guardado en el acto, con la conexion pendiente vista por el lector.
@@ -151,7 +151,7 @@ TEST_F(Estados, ElFinalCuelgaLeeElLogYVuelveAlReposo) {
     // El 0 se repite hasta la siguiente marcacion: la llamada no se cierra
     // dos veces.
     EXPECT_EQ(Resumen(Ticks(5, kDesconectado, "Casa")), "");
-    EXPECT_TRUE(linea.colgadas.empty());
+    EXPECT_TRUE(marcador.colgadas.empty());
 }
 
 // Cada sesion del enlace es su llamada: si entre dos miradas el enlace cayo
@@ -166,7 +166,7 @@ TEST_F(Estados, OtraSesionEnElMismoTickEsOtraLlamada) {
     EXPECT_EQ(Resumen(s), "iniciada terminada rellenar");
     EXPECT_TRUE(Monitor().LlamadaAbierta());
     EXPECT_EQ(Codigo(Monitor().Pantalla().EstadoPantalla), 2);
-    EXPECT_TRUE(linea.colgadas.empty());
+    EXPECT_TRUE(marcador.colgadas.empty());
     ASSERT_EQ(pendientes.Count(), 2);
     EXPECT_EQ(pendientes.Item(2).Tarifa(), "Provincial");
     EXPECT_EQ(Monitor().InicioLlamada(), reloj.Ahora());
@@ -322,7 +322,7 @@ TEST_F(Estados, ElUsuarioCuelgaYLosUltimosTicksDelEnlaceNoAbrenOtraLlamada) {
     Ticks(10, kConectado, "Casa");
     registro.LogAbierto();
     EXPECT_EQ(Resumen(Monitor().Soltar()), "terminada rellenar");
-    EXPECT_EQ(linea.colgadas, std::vector<std::string>{"Casa"});
+    EXPECT_EQ(marcador.colgadas, std::vector<std::string>{"Casa"});
     EXPECT_EQ(Resumen(Ticks(2, kConectado, "Casa")), ""); // pppd aun no ha bajado la interfaz
     registro.LogCompleto();
     Ticks(1, kDesconectado, "Casa");
@@ -334,7 +334,7 @@ TEST_F(Estados, PulsarSinConexionMarcaLaEntradaElegida) {
     Tick(kNada);
     Monitor().Pulsar("Trabajo");
     Monitor().Pulsar("Trabajo"); // ya pulsado: nada
-    EXPECT_EQ(linea.marcadas, std::vector<std::string>{"Trabajo"});
+    EXPECT_EQ(marcador.marcadas, std::vector<std::string>{"Trabajo"});
     EXPECT_TRUE(Monitor().Pantalla().BotonConexion);
     // Cuando sube, la llamada empieza igual que si la hubiera visto el monitor.
     ajustes.AvisoConectar = true;

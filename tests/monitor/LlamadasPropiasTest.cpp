@@ -36,7 +36,7 @@ protected:
         log->CargarLog();
         registro = std::make_unique<RegistroLog>(*log);
         monitor = std::make_unique<MonitorConexion>(reloj, ajustes, bono, pendientes, *registro,
-                                                    linea, dir);
+                                                    marcador, dir);
     }
     MonitorConexion::Sucesos Ticks(int n, int estado, const std::string& sesion = "ppp0#5#300") {
         MonitorConexion::Sucesos todos;
@@ -76,7 +76,7 @@ protected:
     Settings ajustes;
     cBono bono{reloj};
     colConexion pendientes;
-    LineaFalsa linea;
+    MarcadorFalso marcador;
     std::unique_ptr<Log> log;
     std::unique_ptr<RegistroLog> registro;
     std::unique_ptr<MonitorConexion> monitor;

@@ -27,7 +27,7 @@ protected:
         registro = std::make_unique<RegistroLog>(*log);
         ajustes.EntradasConexion = {{"Casa", "Cara", "Ninguno"}};
         monitor = std::make_unique<MonitorConexion>(reloj, ajustes, bono, pendientes, *registro,
-                                                    linea, dir);
+                                                    marcador, dir);
     }
     void Ticks(int n, int estado) {
         for (int i = 0; i < n; ++i) {
@@ -47,7 +47,7 @@ protected:
     Settings ajustes;
     cBono bono{reloj};
     colConexion pendientes;
-    LineaFalsa linea;
+    MarcadorFalso marcador;
     std::unique_ptr<Log> log;
     std::unique_ptr<RegistroLog> registro;
     std::unique_ptr<MonitorConexion> monitor;

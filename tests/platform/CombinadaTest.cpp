@@ -1,7 +1,7 @@
 // NetworkManager's and pppd's links as one source, with made-up sources.
 
-#include "platform/EntradasCombinadas.h"
-#include "platform/FuenteConexionesCombinada.h"
+#include "platform/networkmanager/EntradasCombinadas.h"
+#include "platform/networkmanager/FuenteConexionesCombinada.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 // Dials with "pon PEER" and hangs up with "poff PEER", the Debian ppp tools.
 
-#include "platform/Marcador.h"
+#include "monitor/Marcador.h"
 #include "platform/OrdenSistema.h"
 #include "platform/linux/LectorPpp.h"
 

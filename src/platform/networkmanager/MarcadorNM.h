@@ -2,7 +2,7 @@
 // Dials and hangs up NetworkManager connections by their id: the connection
 // is activated, and every active connection of that id deactivated.
 
-#include "platform/Marcador.h"
+#include "monitor/Marcador.h"
 #include "platform/networkmanager/ClienteNM.h"
 
 #include <memory>

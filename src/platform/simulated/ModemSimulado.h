@@ -7,10 +7,10 @@
 // write, each block stamped with the moment it belongs to even when the clock jumps.
 
 #include "core/Reloj.h"
+#include "monitor/Marcador.h"
 #include "platform/FuenteConexiones.h"
 #include "platform/ListaEntradas.h"
 #include "platform/ListaModems.h"
-#include "platform/Marcador.h"
 #include "platform/simulated/Guion.h"
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 #pragma once
-// Dialling a dial-up entry and hanging up the connections of one.
+// The telephone line: dialling a dial-up entry and hanging up the
+// connections of one, on the user's request or when the monitor ends a call.
+// The platform's backends implement it.
 
 #include <string>
 
@@ -14,7 +16,8 @@ public:
 
     // Hangs up every active connection whose entry name equals `entrada`
     // (both trimmed of blanks) and leaves the others alone. Returns how many
-    // connections were asked to hang up; with none nothing is run.
+    // connections were asked to hang up; with none nothing is run, and that
+    // is no error.
     virtual int Colgar(const std::string& entrada) = 0;
 
     // Result of the last dial or hang-up command: 0 when it went well.

@@ -3,7 +3,7 @@
 // NetworkManager knows is activated there, any other is a pppd peer. Hang-up
 // asks both, since each only ends links of its own.
 
-#include "platform/Marcador.h"
+#include "monitor/Marcador.h"
 #include "platform/networkmanager/MarcadorNM.h"
 
 #include <memory>
